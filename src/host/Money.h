@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QMetaType>
+#include <QString>
+#include <QStringView>
+
+#include <cstdint>
+#include <optional>
+
+// Fixed-point money: a signed count of ten-thousandths.
+// Rounding policy: every operation that has to drop digits (fromDouble, products, quotients,
+// roundTo) rounds half to even on the exact decimal value; truncTo cuts digits towards zero.
+// Intermediate products and quotients are computed in 128 bits, so they never overflow on the
+// way to the result.
+class Money final
+{
+public:
+    static constexpr std::int64_t Scale = 10000;
+
+    constexpr Money() = default;
+    static constexpr Money fromRaw(std::int64_t tenThousandths) { Money m; m.m_raw = tenThousandths; return m; }
+    static constexpr Money fromInt(std::int64_t units) { return fromRaw(units * Scale); }
+    // Rounds half to even at 4 decimals, deciding on the shortest decimal text of the double.
+    static Money fromDouble(double value);
+    // Plain decimal text with '.' as separator ("1234.5000", "-0.5", "12"); the form the database
+    // hands out. More than 4 decimals round half to even. Empty or malformed text gives nullopt.
+    static std::optional<Money> parse(QStringView text);
+    // Brazilian text as typed ("1.234,56", "1234,5", "-0,01"). Malformed text gives nullopt.
+    static std::optional<Money> parseBR(QStringView text);
+
+    constexpr std::int64_t raw() const { return m_raw; }
+    double toDouble() const;
+    // Shortest decimal text with '.', no thousands separator, no trailing zeros ("1234.5", "0", "-0.01").
+    QString toString() const;
+
+    Money roundTo(int decimals) const;   // half to even, decimals 0..4
+    Money truncTo(int decimals) const;   // towards zero, decimals 0..4
+    Money abs() const { return m_raw < 0 ? fromRaw(-m_raw) : *this; }
+
+    Money operator-() const { return fromRaw(-m_raw); }
+    Money operator+(Money o) const { return fromRaw(m_raw + o.m_raw); }
+    Money operator-(Money o) const { return fromRaw(m_raw - o.m_raw); }
+    Money &operator+=(Money o) { m_raw += o.m_raw; return *this; }
+    Money &operator-=(Money o) { m_raw -= o.m_raw; return *this; }
+    Money operator*(Money o) const;      // rounded half to even at 4 decimals
+    Money operator*(std::int64_t n) const { return fromRaw(m_raw * n); }
+    Money times(double factor) const;    // factor taken through its shortest decimal text
+    // Quotient rounded half to even at 4 decimals; nullopt on division by zero.
+    std::optional<Money> dividedBy(Money divisor) const;
+
+    friend constexpr auto operator<=>(Money, Money) = default;
+    friend constexpr bool operator==(Money, Money) = default;
+
+private:
+    std::int64_t m_raw = 0;
+};
+
+Q_DECLARE_METATYPE(Money)
