@@ -1,0 +1,189 @@
+#include "Database.h"
+
+#include "TConexaoSQL.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QSqlDatabase>
+#include <QSqlError>
+#include <QSqlQuery>
+#include <QStandardPaths>
+
+#include <ibase.h>
+
+namespace Database {
+
+QString DefaultPath()
+{
+    return QStandardPaths::writableLocation(QStandardPaths::AppDataLocation)
+        + QStringLiteral("/pavrel.fdb");
+}
+
+bool IsServerPath(const QString &database)
+{
+    // "host:path" with a host of two characters or more; "C:/x" would be a drive letter.
+    static const QRegularExpression server(QStringLiteral("^[^/:\\\\]{2,}:"));
+    return server.match(database).hasMatch();
+}
+
+static QString engineMessage(const ISC_STATUS *status)
+{
+    QString text;
+    char buffer[1024];
+    const ISC_STATUS *vector = status;
+    while (fb_interpret(buffer, sizeof buffer, &vector) > 0) {
+        if (!text.isEmpty())
+            text += QLatin1Char(' ');
+        text += QString::fromLocal8Bit(buffer);
+    }
+    return text;
+}
+
+static QString quoted(const QString &text)
+{
+    QString doubled = text;
+    doubled.replace(QLatin1Char('\''), QLatin1String("''"));
+    return QLatin1Char('\'') + doubled + QLatin1Char('\'');
+}
+
+bool CreateEmpty(const TDadosBanco &banco, QString *error)
+{
+    if (!IsServerPath(banco.database)) {
+        const QFileInfo file(banco.database);
+        if (file.exists()) {
+            *error = QStringLiteral("O arquivo %1 já existe").arg(banco.database);
+            return false;
+        }
+        if (!QDir().mkpath(file.absolutePath())) {
+            *error = QStringLiteral("Não foi possível criar a pasta %1").arg(file.absolutePath());
+            return false;
+        }
+    }
+    const QString statement = QStringLiteral("CREATE DATABASE %1 USER %2 PASSWORD %3 "
+                                             "PAGE_SIZE 8192 DEFAULT CHARACTER SET UTF8")
+                                  .arg(quoted(banco.database), quoted(banco.usuario), quoted(banco.senha));
+    const QByteArray sql = statement.toUtf8();
+    ISC_STATUS_ARRAY status{};
+    isc_db_handle db = 0;
+    isc_tr_handle tr = 0;
+    isc_dsql_execute_immediate(status, &db, &tr, 0, sql.constData(), SQL_DIALECT_V6, nullptr);
+    if (status[0] == 1 && status[1] != 0) {
+        *error = engineMessage(status);
+        return false;
+    }
+    isc_detach_database(status, &db);
+    return true;
+}
+
+QString Script(const QString &name)
+{
+    QFile file(QStringLiteral(":/db/%1.sql").arg(name));
+    if (!file.open(QIODevice::ReadOnly))
+        return {};
+    return QString::fromUtf8(file.readAll());
+}
+
+QStringList SplitScript(const QString &script)
+{
+    QStringList statements;
+    QString current;
+    enum class In { Code, Quote, LineComment, BlockComment } in = In::Code;
+    for (qsizetype i = 0; i < script.size(); ++i) {
+        const QChar c = script.at(i);
+        const QChar next = i + 1 < script.size() ? script.at(i + 1) : QChar();
+        switch (in) {
+        case In::Code:
+            if (c == QLatin1Char('\'')) {
+                in = In::Quote;
+            } else if (c == QLatin1Char('-') && next == QLatin1Char('-')) {
+                in = In::LineComment;
+                continue;
+            } else if (c == QLatin1Char('/') && next == QLatin1Char('*')) {
+                in = In::BlockComment;
+                continue;
+            } else if (c == QLatin1Char(';')) {
+                if (!current.trimmed().isEmpty())
+                    statements << current.trimmed();
+                current.clear();
+                continue;
+            }
+            current += c;
+            break;
+        case In::Quote:
+            // A doubled quote stays inside the text; it toggles out and straight back in.
+            if (c == QLatin1Char('\''))
+                in = In::Code;
+            current += c;
+            break;
+        case In::LineComment:
+            if (c == QLatin1Char('\n')) {
+                in = In::Code;
+                current += c;
+            }
+            break;
+        case In::BlockComment:
+            if (c == QLatin1Char('*') && next == QLatin1Char('/')) {
+                in = In::Code;
+                ++i;
+            }
+            break;
+        }
+    }
+    if (!current.trimmed().isEmpty())
+        statements << current.trimmed();
+    return statements;
+}
+
+static bool isDdl(const QString &statement)
+{
+    static const QRegularExpression ddl(QStringLiteral("^(create|alter|drop|recreate|set\\s+generator)\\b"),
+                                        QRegularExpression::CaseInsensitiveOption);
+    return ddl.match(statement).hasMatch();
+}
+
+bool RunScript(const QString &connectionName, const QString &script, QString *error)
+{
+    QSqlDatabase db = QSqlDatabase::database(connectionName, false);
+    bool inTransaction = false;
+    for (const QString &statement : SplitScript(script)) {
+        const bool ddl = isDdl(statement);
+        if (ddl && inTransaction) {
+            db.commit();
+            inTransaction = false;
+        }
+        if (!ddl && !inTransaction)
+            inTransaction = db.transaction();
+        QSqlQuery query(db);
+        if (!query.exec(statement)) {
+            *error = query.lastError().text() + QStringLiteral("\n") + statement.left(300);
+            if (inTransaction)
+                db.rollback();
+            return false;
+        }
+    }
+    if (inTransaction && !db.commit()) {
+        *error = db.lastError().text();
+        return false;
+    }
+    return true;
+}
+
+bool CreateWithSchema(const TDadosBanco &banco, bool withDemo, QString *error)
+{
+    if (!CreateEmpty(banco, error))
+        return false;
+    TConexaoSQL conexao(banco);
+    if (!conexao.Conectar()) {
+        *error = conexao.UltimoErro();
+        return false;
+    }
+    bool ok = RunScript(conexao.NomeConexao(), Script(QStringLiteral("schema")), error);
+    if (ok && withDemo)
+        ok = RunScript(conexao.NomeConexao(), Script(QStringLiteral("demo")), error);
+    conexao.Desconectar();
+    return ok;
+}
+
+} // namespace Database

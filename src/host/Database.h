@@ -1,1 +1,31 @@
 #pragma once
+
+#include "Contexto.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+// Creating and filling a Firebird database. QtSql cannot create one, so creation goes through
+// the Firebird client library itself.
+namespace Database {
+
+// The file under the user's data folder that the module opens when nobody names another.
+QString DefaultPath();
+// "server:/data/x.fdb", "server/3051:/data/x.fdb"; a plain path (embedded engine) is not.
+bool IsServerPath(const QString &database);
+
+// Creates an empty UTF8 database; false with the engine's message when it cannot.
+bool CreateEmpty(const TDadosBanco &banco, QString *error);
+// Creates the database with the schema and, when asked, the demo store.
+bool CreateWithSchema(const TDadosBanco &banco, bool withDemo, QString *error);
+
+// The statements of a script: split on ';' outside quotes and comments, blanks trimmed.
+QStringList SplitScript(const QString &script);
+// Runs a script on an open attachment; DML between two DDL statements shares one transaction.
+bool RunScript(const QString &connectionName, const QString &script, QString *error);
+// The embedded scripts: "schema" or "demo".
+QString Script(const QString &name);
+
+} // namespace Database

@@ -1,0 +1,37 @@
+#include "Dialogos.h"
+
+#include "DialogosQt.h"
+
+static TDialogos *g_dialogos = nullptr;
+
+TDialogos &TDialogos::Atual()
+{
+    static TDialogosQt padrao;
+    return g_dialogos ? *g_dialogos : padrao;
+}
+
+void TDialogos::Definir(TDialogos *dialogos)
+{
+    g_dialogos = dialogos;
+}
+
+void MensagemErro(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Erro, texto); }
+void MensagemInfo(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Info, texto); }
+void MensagemAviso(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Aviso, texto); }
+void MensagemProib(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Proib, texto); }
+void ExibirMens(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Simples, texto); }
+
+bool Pergunta(const QString &texto)
+{
+    return TDialogos::Atual().Perguntar(TipoPergunta::SimNao, texto);
+}
+
+bool PerguntaDeletar()
+{
+    return TDialogos::Atual().Perguntar(TipoPergunta::Deletar, TextoPerguntaDeletar);
+}
+
+QString SelectFile(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar)
+{
+    return TDialogos::Atual().SelecionarArquivo(titulo, pasta, filtro, salvar);
+}

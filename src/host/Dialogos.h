@@ -1,1 +1,37 @@
 #pragma once
+
+#include <QString>
+
+enum class TipoMensagem { Erro, Info, Aviso, Proib, Simples };
+enum class TipoPergunta { SimNao, Deletar };
+
+// Every message, question and file choice the module shows goes through the current
+// implementation: real dialogs on screen, a console in headless commands, a script in tests.
+class TDialogos
+{
+public:
+    virtual ~TDialogos() = default;
+
+    virtual void Mensagem(TipoMensagem tipo, const QString &texto) = 0;
+    // True on yes.
+    virtual bool Perguntar(TipoPergunta tipo, const QString &texto) = 0;
+    // The chosen file, or empty when the user gave up.
+    virtual QString SelecionarArquivo(const QString &titulo, const QString &pasta,
+                                      const QString &filtro, bool salvar) = 0;
+
+    static TDialogos &Atual();
+    // Not owned; nullptr restores the default (real dialogs).
+    static void Definir(TDialogos *dialogos);
+};
+
+inline const QString TextoPerguntaDeletar = QStringLiteral("Confirma a exclusão do registro?");
+
+void MensagemErro(const QString &texto);
+void MensagemInfo(const QString &texto);
+void MensagemAviso(const QString &texto);
+void MensagemProib(const QString &texto);
+// A plain message box, as the debug traces use.
+void ExibirMens(const QString &texto);
+bool Pergunta(const QString &texto);
+bool PerguntaDeletar();
+QString SelectFile(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar = false);

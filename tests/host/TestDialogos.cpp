@@ -1,0 +1,78 @@
+#include "Contexto.h"
+#include "Debug.h"
+#include "DialogosQt.h"
+#include "DialogosTeste.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Clicks the button with `texto` on the message box that opens next, remembering its text.
+void clicarQuandoAbrir(const QString &texto, QString *visto)
+{
+    QTimer::singleShot(0, [texto, visto] {
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            auto *box = qobject_cast<QMessageBox *>(w);
+            if (!box || !box->isVisible())
+                continue;
+            *visto = box->text();
+            for (QAbstractButton *b : box->buttons()) {
+                if (b->text() == texto)
+                    b->click();
+            }
+        }
+    });
+}
+
+TEST(DialogosQt, QuestionsShowTheExactTextAndAnswerInPortuguese)
+{
+    TDialogosQt dialogos;
+    QString visto;
+    clicarQuandoAbrir(QStringLiteral("&Sim"), &visto);
+    EXPECT_TRUE(dialogos.Perguntar(TipoPergunta::SimNao, QStringLiteral("Deseja desbaixar o documento 001-0000345")));
+    EXPECT_EQ(visto, QStringLiteral("Deseja desbaixar o documento 001-0000345"));
+
+    clicarQuandoAbrir(QStringLiteral("&Não"), &visto);
+    EXPECT_FALSE(dialogos.Perguntar(TipoPergunta::Deletar, TextoPerguntaDeletar));
+
+    clicarQuandoAbrir(QStringLiteral("OK"), &visto);
+    dialogos.Mensagem(TipoMensagem::Erro, QStringLiteral("Nota já foi cancelada"));
+    EXPECT_EQ(visto, QStringLiteral("Nota já foi cancelada"));
+}
+
+TEST(DialogosTeste, RecordsMessagesAndAnswersFromTheScript)
+{
+    DialogosTeste dialogos;
+    dialogos.Responder(true);
+    MensagemErro(QStringLiteral("um"));
+    EXPECT_TRUE(PerguntaDeletar());
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("um"));
+    ASSERT_EQ(dialogos.Perguntas().size(), 1);
+    EXPECT_EQ(dialogos.Perguntas().first().tipo, TipoPergunta::Deletar);
+}
+
+TEST(RastroDebug, ShowsOnlyAtItsOwnLevel)
+{
+    DialogosTeste dialogos;
+    Contexto::Atual().modoDebug = 72;
+    TRastroDebug outro(80);
+    outro.Add(QStringLiteral("inicio"));
+    outro.Exibir(TRastroDebug::CabecalhoCurto(80, QStringLiteral("DesbaixarAct;")));
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    TRastroDebug baixa(72);
+    baixa.Add(QStringLiteral("vai ler das configuracoes"));
+    baixa.Add(QStringLiteral("leu das config, ProducCriaCustos=N"));
+    baixa.Exibir(TRastroDebug::CabecalhoLongo(72, QStringLiteral("TRepD.BaixarNota;")));
+    Contexto::Atual().Reiniciar();
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
+              QStringLiteral("modo_debug=72\r\nTRepD.BaixarNota;\r\n\r\n"
+                             "vai ler das configuracoes\r\nleu das config, ProducCriaCustos=N"));
+}
+
+} // namespace

@@ -1,0 +1,51 @@
+#include "DialogosTeste.h"
+
+#include <gtest/gtest.h>
+
+DialogosTeste::DialogosTeste()
+{
+    TDialogos::Definir(this);
+}
+
+DialogosTeste::~DialogosTeste()
+{
+    TDialogos::Definir(nullptr);
+    EXPECT_TRUE(m_respostas.isEmpty()) << m_respostas.size() << " scripted answer(s) never asked for";
+}
+
+QString DialogosTeste::UnicaMensagem(TipoMensagem tipo) const
+{
+    QStringList textos;
+    for (const Registro &r : m_mensagens)
+        textos << r.texto;
+    if (m_mensagens.size() != 1 || m_mensagens.first().tipo != tipo) {
+        ADD_FAILURE() << "expected exactly one message of kind " << int(tipo) << ", got: "
+                      << textos.join(QStringLiteral(" | ")).toStdString();
+        return {};
+    }
+    return m_mensagens.first().texto;
+}
+
+void DialogosTeste::Mensagem(TipoMensagem tipo, const QString &texto)
+{
+    m_mensagens.push_back({tipo, texto});
+}
+
+bool DialogosTeste::Perguntar(TipoPergunta tipo, const QString &texto)
+{
+    m_perguntas.push_back({tipo, texto});
+    if (m_respostas.isEmpty()) {
+        ADD_FAILURE() << "unscripted question: " << texto.toStdString();
+        return false;
+    }
+    return m_respostas.takeFirst();
+}
+
+QString DialogosTeste::SelecionarArquivo(const QString &, const QString &, const QString &, bool)
+{
+    if (m_arquivos.isEmpty()) {
+        ADD_FAILURE() << "unscripted file choice";
+        return {};
+    }
+    return m_arquivos.takeFirst();
+}

@@ -1,1 +1,48 @@
 #pragma once
+
+#include "Dialogos.h"
+
+#include <QList>
+#include <QString>
+
+// Records every message and answers questions from a script; a question nobody scripted fails
+// the test. Installed as the current dialogs while it lives.
+class DialogosTeste final : public TDialogos
+{
+public:
+    struct Registro
+    {
+        TipoMensagem tipo;
+        QString texto;
+        bool operator==(const Registro &) const = default;
+    };
+    struct Questao
+    {
+        TipoPergunta tipo;
+        QString texto;
+    };
+
+    DialogosTeste();
+    ~DialogosTeste() override;
+
+    // Answers, in order, for the questions to come.
+    void Responder(bool resposta) { m_respostas << resposta; }
+    void ResponderArquivo(const QString &arquivo) { m_arquivos << arquivo; }
+
+    const QList<Registro> &Mensagens() const { return m_mensagens; }
+    const QList<Questao> &Perguntas() const { return m_perguntas; }
+    // The only message shown, or an empty text with a failure when there were none or several.
+    QString UnicaMensagem(TipoMensagem tipo) const;
+    void Limpar() { m_mensagens.clear(); m_perguntas.clear(); }
+
+    void Mensagem(TipoMensagem tipo, const QString &texto) override;
+    bool Perguntar(TipoPergunta tipo, const QString &texto) override;
+    QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro,
+                              bool salvar) override;
+
+private:
+    QList<Registro> m_mensagens;
+    QList<Questao> m_perguntas;
+    QList<bool> m_respostas;
+    QList<QString> m_arquivos;
+};
