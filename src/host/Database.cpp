@@ -24,7 +24,7 @@ QString DefaultPath()
 bool IsServerPath(const QString &database)
 {
     // "host:path" with a host of two characters or more; "C:/x" would be a drive letter.
-    static const QRegularExpression server(QStringLiteral("^[^/:\\\\]{2,}:"));
+    static const QRegularExpression server(QStringLiteral("^[^/:\\\\]{2,}(/[0-9]+)?:"));
     return server.match(database).hasMatch();
 }
 
@@ -145,16 +145,23 @@ static bool isDdl(const QString &statement)
 
 bool RunScript(const QString &connectionName, const QString &script, QString *error)
 {
+    // Consecutive statements of one kind share a transaction: DDL cannot be followed by DML on
+    // the same table before a commit, and one commit per statement would cost a disk flush each.
     QSqlDatabase db = QSqlDatabase::database(connectionName, false);
     bool inTransaction = false;
+    bool lastWasDdl = false;
     for (const QString &statement : SplitScript(script)) {
         const bool ddl = isDdl(statement);
-        if (ddl && inTransaction) {
-            db.commit();
+        if (inTransaction && ddl != lastWasDdl) {
+            if (!db.commit()) {
+                *error = db.lastError().text();
+                return false;
+            }
             inTransaction = false;
         }
-        if (!ddl && !inTransaction)
+        if (!inTransaction)
             inTransaction = db.transaction();
+        lastWasDdl = ddl;
         QSqlQuery query(db);
         if (!query.exec(statement)) {
             *error = query.lastError().text() + QStringLiteral("\n") + statement.left(300);
@@ -170,9 +177,37 @@ bool RunScript(const QString &connectionName, const QString &script, QString *er
     return true;
 }
 
+bool SetForcedWrites(const TDadosBanco &banco, bool on, QString *error)
+{
+    const QByteArray path = banco.database.toUtf8();
+    const QByteArray user = banco.usuario.toUtf8();
+    const QByteArray password = banco.senha.toUtf8();
+    QByteArray dpb;
+    dpb.append(char(isc_dpb_version1));
+    const auto add = [&dpb](char tag, const QByteArray &value) {
+        dpb.append(tag);
+        dpb.append(char(value.size()));
+        dpb.append(value);
+    };
+    add(char(isc_dpb_user_name), user);
+    add(char(isc_dpb_password), password);
+    add(char(isc_dpb_force_write), QByteArray(1, on ? 1 : 0));
+    ISC_STATUS_ARRAY status{};
+    isc_db_handle db = 0;
+    isc_attach_database(status, 0, path.constData(), &db, short(dpb.size()), dpb.constData());
+    if (status[0] == 1 && status[1] != 0) {
+        *error = engineMessage(status);
+        return false;
+    }
+    isc_detach_database(status, &db);
+    return true;
+}
+
 bool CreateWithSchema(const TDadosBanco &banco, bool withDemo, QString *error)
 {
-    if (!CreateEmpty(banco, error))
+    // Synchronous writes only once the schema is in: loading it with one flush per commit takes
+    // several times longer.
+    if (!CreateEmpty(banco, error) || !SetForcedWrites(banco, false, error))
         return false;
     TConexaoSQL conexao(banco);
     if (!conexao.Conectar()) {
@@ -183,7 +218,8 @@ bool CreateWithSchema(const TDadosBanco &banco, bool withDemo, QString *error)
     if (ok && withDemo)
         ok = RunScript(conexao.NomeConexao(), Script(QStringLiteral("demo")), error);
     conexao.Desconectar();
-    return ok;
+    TConexaoSQL::FecharOciosas(banco.database);
+    return ok && SetForcedWrites(banco, true, error);
 }
 
 } // namespace Database

@@ -18,6 +18,8 @@ bool IsServerPath(const QString &database);
 
 // Creates an empty UTF8 database; false with the engine's message when it cannot.
 bool CreateEmpty(const TDadosBanco &banco, QString *error);
+// Whether every commit waits for the disk (on for a real database).
+bool SetForcedWrites(const TDadosBanco &banco, bool on, QString *error);
 // Creates the database with the schema and, when asked, the demo store.
 bool CreateWithSchema(const TDadosBanco &banco, bool withDemo, QString *error);
 

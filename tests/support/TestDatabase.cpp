@@ -37,7 +37,8 @@ QString modelo(TestDatabase::Conteudo conteudo, QString *erro)
     TDadosBanco banco;
     banco.database = caminho + QStringLiteral(".%1.tmp").arg(QCoreApplication::applicationPid());
     QFile::remove(banco.database);
-    bool ok = Database::CreateEmpty(banco, erro);
+    // Tests need no flush per commit: a lost test database is simply made again.
+    bool ok = Database::CreateEmpty(banco, erro) && Database::SetForcedWrites(banco, false, erro);
     if (ok) {
         TConexaoSQL conexao(banco);
         ok = conexao.Conectar() && Database::RunScript(conexao.NomeConexao(), script, erro);

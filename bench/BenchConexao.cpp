@@ -1,0 +1,68 @@
+// The floors later benchmarks compare against: what a Conectar/Desconectar pair and an
+// autocommitted statement cost on the embedded engine.
+#include "Database.h"
+#include "TConexaoSQL.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QSqlDatabase>
+#include <QTemporaryDir>
+#include <QTextStream>
+
+namespace {
+
+constexpr int Vezes = 1000;
+
+void relatar(const char *oque, qint64 nanos, int vezes)
+{
+    QTextStream(stdout) << QString::asprintf("%-48s %9.1f ms  %8.3f ms each\n", oque, nanos / 1e6,
+                                             nanos / 1e6 / vezes);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QTemporaryDir pasta;
+    TDadosBanco banco;
+    banco.database = pasta.filePath(QStringLiteral("bench.fdb"));
+    QString erro;
+    if (!Database::CreateWithSchema(banco, false, &erro)) {
+        QTextStream(stderr) << erro << Qt::endl;
+        return 1;
+    }
+
+    TConexaoSQL conexao(banco);
+    conexao.Conectar();   // the attachment that stays open, as the screen keeps its own
+    TConexaoSQL outra(banco);
+    QElapsedTimer t;
+    t.start();
+    for (int i = 0; i < Vezes; ++i) {
+        outra.Conectar();
+        outra.Desconectar();
+    }
+    relatar("Conectar/Desconectar pairs (pooled)", t.nsecsElapsed(), Vezes);
+
+    t.restart();
+    for (int i = 0; i < 20; ++i) {
+        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QIBASE"), QStringLiteral("bench-fisica"));
+        db.setDatabaseName(banco.database);
+        db.setUserName(banco.usuario);
+        db.open();
+        db.close();
+        db = QSqlDatabase();
+        QSqlDatabase::removeDatabase(QStringLiteral("bench-fisica"));
+    }
+    relatar("physical attach/detach (for comparison)", t.nsecsElapsed(), 20);
+
+    t.restart();
+    for (int i = 0; i < Vezes; ++i) {
+        conexao.Exec(QStringLiteral("insert into config (chave, valor) values ('B%1', 'S')").arg(i));
+    }
+    relatar("autocommitted inserts", t.nsecsElapsed(), Vezes);
+    QTextStream(stdout) << "rows: " << conexao.ValorInt(QStringLiteral("select count(*) from config")) << Qt::endl;
+    conexao.Desconectar();
+    TConexaoSQL::FecharOciosas();
+    return 0;
+}
