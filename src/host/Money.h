@@ -11,7 +11,8 @@
 // Rounding policy: every operation that has to drop digits (fromDouble, products, quotients,
 // roundTo) rounds half to even on the exact decimal value; truncTo cuts digits towards zero.
 // Intermediate products and quotients are computed in 128 bits, so they never overflow on the
-// way to the result.
+// way to the result. A rounded result beyond the int64 range is a programming error and
+// saturates at the range's limits; text beyond the range does not parse.
 class Money final
 {
 public:

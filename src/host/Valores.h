@@ -31,6 +31,8 @@ QString DataHoraSQLFirebird(const QDateTime &dateTime);
 
 // --- Rounding -----------------------------------------------------------------------------------
 
+// `decimals` counts places after the point (4 = ten-thousandths); a negative count works on
+// tens, hundreds, ... Non-finite values come back unchanged.
 // Cuts the digits beyond `decimals` from the value's shortest decimal text (15 significant
 // digits), so 1.115 * 1.111 = 1.238765 gives 1.2387 for 4 decimals.
 double TruncarViaStr(double value, int decimals);
@@ -55,8 +57,12 @@ QString FormatDateTime(const QString &pattern, const QDate &value);
 // --- Reading what was typed ------------------------------------------------------------------------
 
 // A number typed the Brazilian way: "1.234,56", "1234,56", "-0,5", "12"; blanks around are
-// ignored; anything else gives nullopt. A lone '.' between digits groups thousands.
+// ignored; anything else gives nullopt. A '.' groups thousands, so exactly three digits follow
+// it: "1.234" is 1234, while "12.5" and "1,234.56" are refused.
 std::optional<double> LerNumeroBR(const QString &text);
+// The same reading as plain decimal text with '.', every digit kept ("1.234,50" -> "1234.5",
+// "-0,0" -> "0"), for readers that must not go through a double; nullopt as above.
+std::optional<QString> NumeroBRParaPonto(const QString &text);
 
 // --- Dates ------------------------------------------------------------------------------------------
 
