@@ -1,0 +1,22 @@
+#pragma once
+
+#include "Dialogos.h"
+
+#include <QTextStream>
+
+// Dialogs of the headless commands: messages go to standard error prefixed by their kind;
+// questions take the answer given on the command line (--yes), otherwise no.
+class TDialogosConsole final : public TDialogos
+{
+public:
+    explicit TDialogosConsole(bool respostaSim, QTextStream &saida);
+
+    void Mensagem(TipoMensagem tipo, const QString &texto) override;
+    bool Perguntar(TipoPergunta tipo, const QString &texto) override;
+    QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro,
+                              bool salvar) override;
+
+private:
+    bool m_respostaSim;
+    QTextStream &m_saida;
+};
