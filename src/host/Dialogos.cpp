@@ -15,6 +15,11 @@ void TDialogos::Definir(TDialogos *dialogos)
     g_dialogos = dialogos;
 }
 
+TDialogos *TDialogos::Definido()
+{
+    return g_dialogos;
+}
+
 void MensagemErro(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Erro, texto); }
 void MensagemInfo(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Info, texto); }
 void MensagemAviso(const QString &texto) { TDialogos::Atual().Mensagem(TipoMensagem::Aviso, texto); }

@@ -22,6 +22,8 @@ public:
     static TDialogos &Atual();
     // Not owned; nullptr restores the default (real dialogs).
     static void Definir(TDialogos *dialogos);
+    // The one set by Definir, or nullptr for the default.
+    static TDialogos *Definido();
 };
 
 inline const QString TextoPerguntaDeletar = QStringLiteral("Confirma a exclusão do registro?");

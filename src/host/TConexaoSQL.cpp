@@ -5,6 +5,7 @@
 #include <QHash>
 #include <QSqlDatabase>
 #include <QSqlError>
+#include <QSqlField>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QThread>
@@ -95,6 +96,19 @@ private:
     int m_sequencia = 0;
     int m_abertas = 0;
 };
+
+// A CHAR column comes padded to its size in bytes (four per character in UTF8); the blanks
+// are not part of the value.
+constexpr int SqlTipoChar = 452;
+
+QString semBrancosAFinal(QString texto)
+{
+    qsizetype fim = texto.size();
+    while (fim > 0 && texto.at(fim - 1) == QLatin1Char(' '))
+        --fim;
+    texto.truncate(fim);
+    return texto;
+}
 
 } // namespace
 
@@ -252,13 +266,19 @@ bool TConexaoSQL::executar(const QString &sql, std::unique_ptr<TQ> *result)
         } else if (result) {
             const QSqlRecord record = query.record();
             QStringList columns;
-            for (int i = 0; i < record.count(); ++i)
+            QVector<bool> fixa(record.count());
+            for (int i = 0; i < record.count(); ++i) {
                 columns << record.fieldName(i);
+                fixa[i] = (record.field(i).typeID() & ~1) == SqlTipoChar;   // the low bit flags nullable
+            }
             QVector<QVector<QVariant>> rows;
             while (query.next()) {
                 QVector<QVariant> row(record.count());
-                for (int i = 0; i < record.count(); ++i)
+                for (int i = 0; i < record.count(); ++i) {
                     row[i] = query.value(i);
+                    if (fixa[i] && !row[i].isNull())
+                        row[i] = semBrancosAFinal(row[i].toString());
+                }
                 rows.push_back(std::move(row));
             }
             *result = std::make_unique<TQ>(std::move(columns), std::move(rows));

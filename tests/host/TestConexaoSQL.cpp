@@ -89,6 +89,19 @@ TEST_F(ConexaoSQL, NumericColumnsReachMoneyWithoutDouble)
     EXPECT_THROW(q->FieldByName(QStringLiteral("nao_existe")), std::invalid_argument);
 }
 
+TEST_F(ConexaoSQL, FixedWidthTextComesWithoutItsPadding)
+{
+    ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, baixado, serie) "
+                                     "values (1, 1, 1, '\"', 'S', ' 1 ')")), QString());
+    TConexaoSQL conexao(db.banco());
+    const auto q = conexao.Ab(QStringLiteral("select tipo_cod, baixado, cancelado, serie from compra"));
+    ASSERT_TRUE(q && !q->Eof()) << conexao.UltimoErro().toStdString();
+    EXPECT_EQ(q->FieldByName(QStringLiteral("tipo_cod")).AsString(), QStringLiteral("\""));
+    EXPECT_TRUE(q->FieldByName(QStringLiteral("baixado")).AsBoolean());
+    EXPECT_EQ(q->FieldByName(QStringLiteral("cancelado")).AsString(), QStringLiteral("N"));
+    EXPECT_EQ(q->FieldByName(QStringLiteral("serie")).AsString(), QStringLiteral(" 1 "));
+}
+
 TEST_F(ConexaoSQL, FailuresReturnTheDriverText)
 {
     TConexaoSQL conexao(db.banco());

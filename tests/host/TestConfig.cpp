@@ -42,7 +42,7 @@ INSTANTIATE_TEST_SUITE_P(, ConfigFlags, ::testing::Values(
     FlagCase{"S_with_blanks", " S ", true, true},
     FlagCase{"lower_s_is_not_S", "s", true, false},
     FlagCase{"other_text", "SIM", true, false}),
-    [](const auto &info) { return std::string(info.param.nome); });
+    [](const auto &caso) { return std::string(caso.param.nome); });
 
 TEST(ConfigDedicatedReader, IsOnWhenTheDatabaseCannotBeReached)
 {
