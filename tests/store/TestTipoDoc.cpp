@@ -1,0 +1,125 @@
+#include "UTipoDoc.h"
+
+#include <gtest/gtest.h>
+
+#include <QMap>
+#include <QSet>
+
+using namespace TipoDoc;
+
+namespace {
+
+struct Linha
+{
+    int indice;
+    int codigo;
+    char caractere;
+    const char *texto;
+    const char *nomeCurto;
+    int docTipo;
+};
+
+// The combo order: 41 comes before 39, and code 40 is not used.
+constexpr Linha Tipos[] = {
+    {0, 34, '"', "ENTRADA", "ENTRADA", 8},
+    {1, 35, '#', "DEVOLUCAO", "DEVOLUCAO", 7},
+    {2, 36, '$', "SIMPLES REMESSA", "SIMPLES REMESSA", 8},
+    {3, 37, '%', "PRODUCAO", "PRODUCAO", 8},
+    {4, 38, '&', "RETORNO DE LOCACAO", "RETORNO", 8},
+    {5, 41, ')', "RETORNO DE COMODATO", "RETORNO", 8},
+    {6, 39, '\'', "NOTA COMPLEMETAR", "NOTA COMPLEMENTAR", 8},
+};
+
+TEST(TipoDoc, IndexCodeCharacterAndTextsConvertBothWays)
+{
+    ASSERT_EQ(Tabela().size(), std::size(Tipos));
+    ASSERT_EQ(TextosCombo().size(), std::size(Tipos));
+    for (const Linha &l : Tipos) {
+        SCOPED_TRACE(l.texto);
+        EXPECT_EQ(CodigoDoIndice(l.indice), l.codigo);
+        EXPECT_EQ(IndiceDoCodigo(l.codigo), l.indice);
+        EXPECT_EQ(CharDoCodigo(l.codigo), QLatin1Char(l.caractere));
+        EXPECT_EQ(CodigoDoChar(QString(QLatin1Char(l.caractere))), l.codigo);
+        EXPECT_EQ(TextosCombo().at(l.indice), QLatin1String(l.texto));
+        EXPECT_EQ(RepTipoDocToStr(l.codigo), QLatin1String(l.texto));
+        ASSERT_NE(PorCodigo(l.codigo), nullptr);
+        EXPECT_EQ(PorCodigo(l.codigo), &PorIndice(l.indice));
+        EXPECT_STREQ(PorIndice(l.indice).nomeCurto, l.nomeCurto);
+        EXPECT_EQ(PorIndice(l.indice).docTipoHost, l.docTipo);
+        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(l.caractere)), l.docTipo);
+    }
+}
+
+TEST(TipoDoc, OutsideTheTable)
+{
+    for (int indice : {-1, 7, 100})
+        EXPECT_EQ(CodigoDoIndice(indice), Entrada) << "no selection is ENTRADA: " << indice;
+    for (int codigo : {0, 33, 40, 42, 90}) {
+        EXPECT_EQ(IndiceDoCodigo(codigo), -1) << codigo;
+        EXPECT_EQ(PorCodigo(codigo), nullptr) << codigo;
+    }
+    EXPECT_EQ(RepTipoDocToStr(40), "[40]");
+}
+
+TEST(TipoDoc, AnEmptyStoredTypeIsAPurchaseEntry)
+{
+    // A CHAR(1) column in UTF8 comes back padded with blanks.
+    for (const QString &lido : {QString(), QStringLiteral(""), QStringLiteral(" "), QStringLiteral("    ")})
+        EXPECT_EQ(CodigoDoChar(lido), Entrada) << "[" << lido.toStdString() << "]";
+    EXPECT_EQ(CodigoDoChar(QStringLiteral("%   ")), Producao);
+    EXPECT_EQ(CodigoDoChar(QStringLiteral("'   ")), NotaComplementar);
+}
+
+TEST(TipoDoc, TheSqlLiteralIsTheQuotedCharacter)
+{
+    EXPECT_EQ(SqlDoCodigo(Entrada), "'\"'");
+    EXPECT_EQ(SqlDoCodigo(Devolucao), "'#'");
+    EXPECT_EQ(SqlDoCodigo(NotaComplementar), "''''") << "the apostrophe is doubled";
+}
+
+TEST(TipoDoc, OnlyTheHashIsAReturnForTheHost)
+{
+    EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char('#')), 7);
+    for (char c : {'"', '$', '\'', ')', 'x', '0', ' '})
+        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(c)), 8) << c;
+}
+
+// For each rule, the codes it applies to.
+TEST(TipoDoc, RulesApplyToTheirTypes)
+{
+    using Regra = bool TTipoDoc::*;
+    const QSet<int> todos = {34, 35, 36, 37, 38, 39, 41};
+    const struct
+    {
+        const char *nome;
+        Regra regra;
+        QSet<int> codigos;
+    } regras[] = {
+        {"supplier required", &TTipoDoc::exigeFornecedor, todos - QSet<int>{39}},
+        {"natureza required (also 38 and 41)", &TTipoDoc::exigeNatOp, todos - QSet<int>{34}},
+        {"item NCM required", &TTipoDoc::exigeNCMItem, todos - QSet<int>{34, 37}},
+        {"package quantities required", &TTipoDoc::exigeEmbQtd, todos - QSet<int>{39}},
+        {"products total required", &TTipoDoc::exigeTotProds, {34, 36, 39}},
+        {"NF-e may be sent", &TTipoDoc::podeEnviarNFe, todos - QSet<int>{34, 37}},
+        {"correction letter", &TTipoDoc::podeCartaCorrecao, {35, 36}},
+        {"number typed by the user", &TTipoDoc::numeroDigitado, {34}},
+        {"totals checked before posting", &TTipoDoc::conferirTotaisNaBaixa, todos - QSet<int>{39}},
+        {"a zero total may be posted", &TTipoDoc::aceitaValorZerado, {37, 39}},
+    };
+    for (const auto &r : regras)
+        for (const TTipoDoc &t : Tabela())
+            EXPECT_EQ(t.*(r.regra), r.codigos.contains(t.codigo)) << r.nome << ", type " << t.codigo;
+
+    EXPECT_STREQ(PorCodigo(Entrada)->recusaNFe, "Não pode ser enviada NFe referente a uma ENTRADA");
+    EXPECT_STREQ(PorCodigo(Producao)->recusaNFe, "Não pode ser enviada NFe referente a uma NOTA DE PRODUÇÃO");
+    for (int codigo : {35, 36, 38, 39, 41})
+        EXPECT_EQ(PorCodigo(codigo)->recusaNFe, nullptr) << codigo;
+    const QMap<int, int> finalidade = {{34, 1}, {35, 4}, {36, 1}, {37, 1}, {38, 4}, {39, 2}, {41, 4}};
+    for (const TTipoDoc &t : Tabela())
+        EXPECT_EQ(t.finalidadeNFe, finalidade.value(t.codigo)) << t.codigo;
+    EXPECT_EQ(PorCodigo(Entrada)->custosNaBaixa, TCustosNaBaixa::Sempre);
+    EXPECT_EQ(PorCodigo(Producao)->custosNaBaixa, TCustosNaBaixa::ConformeConfig);
+    EXPECT_EQ(PorCodigo(Devolucao)->custosNaBaixa, TCustosNaBaixa::Nunca);
+}
+
+} // namespace
