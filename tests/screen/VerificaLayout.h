@@ -1,0 +1,154 @@
+#pragma once
+
+// What a clerk checks by eye on a panel: nothing overlaps or is cut off, captions are whole, and
+// Tab walks the fields in the order they are seen.
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QComboBox>
+#include <QDir>
+#include <QLabel>
+#include <QLineEdit>
+#include <QStackedWidget>
+#include <QTabBar>
+#include <QTabWidget>
+#include <QTest>
+
+#include <ostream>
+
+inline void PrintTo(const QString &texto, std::ostream *os) { *os << '"' << texto.toStdString() << '"'; }
+
+namespace verifica {
+
+inline QString Nome(const QWidget *w)
+{
+    if (!w)
+        return QStringLiteral("<nenhum>");
+    const auto *rotulo = qobject_cast<const QLabel *>(w);
+    return QLatin1String(w->metaObject()->className()) + QLatin1Char(' ')
+           + (rotulo && w->objectName().isEmpty() ? rotulo->text() : w->objectName());
+}
+
+// Widgets drawn as one piece; their inner parts are Qt's business.
+inline bool Folha(const QWidget *w)
+{
+    return qobject_cast<const QLineEdit *>(w) || qobject_cast<const QComboBox *>(w)
+           || qobject_cast<const QAbstractSpinBox *>(w) || qobject_cast<const QAbstractButton *>(w)
+           || qobject_cast<const QLabel *>(w) || qobject_cast<const QAbstractItemView *>(w)
+           || qobject_cast<const QTabBar *>(w);
+}
+
+inline void Percorrer(QWidget *pai, QStringList &falhas)
+{
+    if (Folha(pai))
+        return;
+    if (auto *abas = qobject_cast<QTabWidget *>(pai)) {
+        if (!abas->currentWidget()->parentWidget()->rect().contains(abas->currentWidget()->geometry()))
+            falhas << Nome(abas->currentWidget()) + QStringLiteral(" sai da área das abas");
+        Percorrer(abas->currentWidget(), falhas);
+        return;
+    }
+    QList<QWidget *> filhos;   // an empty box has nothing to cut
+    for (QWidget *w : pai->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
+        if (!w->isWindow() && w->isVisible() && !w->size().isEmpty())
+            filhos.append(w);
+    for (int i = 0; i < filhos.size(); ++i) {
+        if (!pai->rect().contains(filhos[i]->geometry()))
+            falhas << Nome(filhos[i]) + QStringLiteral(" cortado por ") + Nome(pai);
+        for (int j = i + 1; j < filhos.size(); ++j)
+            if (filhos[i]->geometry().intersects(filhos[j]->geometry()))
+                falhas << Nome(filhos[i]) + QStringLiteral(" sobrepõe ") + Nome(filhos[j]);
+        Percorrer(filhos[i], falhas);
+    }
+}
+
+// Overlapping siblings and children that stick out of their parent.
+inline QStringList Sobreposicoes(QWidget *raiz)
+{
+    QStringList falhas;
+    Percorrer(raiz, falhas);
+    return falhas;
+}
+
+// Captions narrower or lower than their text, and fields squeezed below their minimum.
+inline QStringList Espremidos(QWidget *raiz)
+{
+    QStringList falhas;
+    for (QWidget *w : raiz->findChildren<QWidget *>()) {
+        const QSize minimo = qobject_cast<QLabel *>(w) ? w->sizeHint() : w->minimumSizeHint();
+        const bool interno = qobject_cast<QComboBox *>(w->parentWidget()) || qobject_cast<QAbstractSpinBox *>(w->parentWidget());
+        if (w->isVisible() && Folha(w) && !interno && !qobject_cast<QAbstractItemView *>(w)
+            && (w->width() < minimo.width() || w->height() < minimo.height()))
+            falhas << Nome(w) + QStringLiteral(" espremido");
+    }
+    return falhas;
+}
+
+// Types the text key by key, accented letters included.
+inline void Digitar(QWidget *w, const QString &texto)
+{
+    for (const QChar c : texto)
+        QTest::sendKeyEvent(QTest::Click, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown,
+                            QString(c), Qt::NoModifier);
+}
+
+// The widgets Tab reaches from `inicio` until `fim`, each once even when Tab first moves inside
+// it (the sections of a date).
+inline QList<QWidget *> CaminhoTab(QWidget *inicio, QWidget *fim)
+{
+    inicio->setFocus(Qt::TabFocusReason);
+    QList<QWidget *> caminho{QApplication::focusWidget()};
+    for (int i = 0; i < 200 && caminho.last() && caminho.last() != fim; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        if (QApplication::focusWidget() != caminho.last())
+            caminho.append(QApplication::focusWidget());
+    }
+    return caminho;
+}
+
+// The block (a direct child of `raiz` or of its current tab page) that holds `w`.
+inline QWidget *Bloco(QWidget *raiz, QWidget *w)
+{
+    while (w->parentWidget() != raiz && !qobject_cast<QStackedWidget *>(w->parentWidget()->parentWidget()))
+        w = w->parentWidget();
+    return w;
+}
+
+// Within a block the fields must come line by line, left to right.
+inline QStringList ForaDeOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
+{
+    QStringList falhas;
+    for (int i = 1; i < caminho.size(); ++i) {
+        QWidget *a = caminho[i - 1];
+        QWidget *b = caminho[i];
+        if (Bloco(raiz, a) != Bloco(raiz, b))
+            continue;
+        const QRect ra(a->mapTo(raiz, QPoint()), a->size());
+        const QRect rb(b->mapTo(raiz, QPoint()), b->size());
+        const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
+        if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())
+            falhas << Nome(a) + QStringLiteral(" -> ") + Nome(b);
+    }
+    return falhas;
+}
+
+// The names of the blocks in the order Tab enters them.
+inline QStringList BlocosNaOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
+{
+    QStringList blocos;
+    for (QWidget *w : caminho)
+        if (const QString nome = Bloco(raiz, w)->objectName(); blocos.isEmpty() || blocos.last() != nome)
+            blocos.append(nome);
+    return blocos;
+}
+
+// Saved only when PAVREL_CAPTURAS names a folder, so that a plain test run writes nothing.
+inline void Capturar(QWidget *w, const QString &arquivo)
+{
+    if (const QString pasta = qEnvironmentVariable("PAVREL_CAPTURAS"); !pasta.isEmpty() && QDir().mkpath(pasta))
+        w->grab().save(QDir(pasta).filePath(arquivo));
+}
+
+} // namespace verifica
