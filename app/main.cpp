@@ -2,11 +2,13 @@
 #include "PavrelExports.h"
 
 #include <QApplication>
+#include <QCloseEvent>
 #include <QCommandLineParser>
-#include <QLabel>
 #include <QLibrary>
 #include <QMainWindow>
+#include <QPointer>
 #include <QTextStream>
+#include <QTimer>
 
 #include <memory>
 
@@ -17,17 +19,59 @@ void erro(const QString &texto)
     QTextStream(stderr) << "pavrel: " << texto << Qt::endl;
 }
 
-// Commands that never open a window must not need a display.
-bool precisaDeTela(int argc, char **argv)
+const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--create-database", "--screenshot"};
+
+// What the command line asks for decides whether a display is needed at all.
+enum class Modo { Tela, Foto, SemTela };
+
+Modo modoDe(int argc, char **argv)
 {
+    Modo modo = Modo::Tela;
     for (int i = 1; i < argc; ++i) {
-        const QByteArray arg(argv[i]);
-        if (arg == "--create-database" || arg.startsWith("--create-database=") || arg == "--help"
-            || arg == "-h" || arg == "--version" || arg == "-v")
-            return false;
+        const QString arg = QString::fromLocal8Bit(argv[i]);
+        if (OpcoesComValor.contains(arg)) {
+            if (arg == QLatin1String("--create-database"))
+                return Modo::SemTela;
+            if (arg == QLatin1String("--screenshot"))
+                modo = Modo::Foto;
+            ++i;
+            continue;
+        }
+        if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
+            || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")
+            || !arg.startsWith(QLatin1Char('-')))
+            return Modo::SemTela;
+        if (arg.startsWith(QLatin1String("--screenshot=")))
+            modo = Modo::Foto;
     }
-    return true;
+    return modo;
 }
+
+// The host's main window: the module's screen is its centre, and closing asks the screen first.
+class JanelaPrincipal final : public QMainWindow
+{
+public:
+    explicit JanelaPrincipal(QWidget *tela)
+        : m_tela(tela)
+    {
+        setCentralWidget(tela);
+        setWindowTitle(tela->windowTitle());
+        connect(tela, &QWidget::windowTitleChanged, this, &QWidget::setWindowTitle);
+        resize(1366, 768);
+    }
+
+protected:
+    void closeEvent(QCloseEvent *event) override
+    {
+        if (m_tela && !m_tela->close())
+            event->ignore();
+        else
+            event->accept();
+    }
+
+private:
+    QPointer<QWidget> m_tela;
+};
 
 template <typename Fn>
 Fn resolver(QLibrary &biblioteca, const char *nome)
@@ -51,12 +95,44 @@ int inteiro(const QCommandLineParser &parser, const QString &opcao, bool *ok)
     return valor;
 }
 
+int fotografar(QWidget &janela, QObject *tela, const QString &arquivo)
+{
+    int resultado = 1;
+    const auto tirar = [&] {
+        if (janela.grab().save(arquivo))
+            resultado = 0;
+        else
+            erro(QStringLiteral("não foi possível gravar %1").arg(arquivo));
+        QCoreApplication::quit();
+    };
+    // The picture is taken once the screen says its note list is loaded.
+    auto *espera = new QTimer(&janela);
+    espera->setInterval(50);
+    QObject::connect(espera, &QTimer::timeout, &janela, [&, espera] {
+        if (tela->property("listaCarregada").toBool()) {
+            espera->stop();
+            tirar();
+        }
+    });
+    espera->start();
+    QTimer::singleShot(60000, &janela, [&] {
+        erro(QStringLiteral("a lista de notas não carregou a tempo"));
+        QCoreApplication::quit();
+    });
+    janela.show();
+    QCoreApplication::exec();
+    return resultado;
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
-    std::unique_ptr<QCoreApplication> app(precisaDeTela(argc, argv) ? new QApplication(argc, argv)
-                                                                    : new QCoreApplication(argc, argv));
+    const Modo modo = modoDe(argc, argv);
+    if (modo == Modo::Foto && qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    std::unique_ptr<QCoreApplication> app(modo == Modo::SemTela ? new QCoreApplication(argc, argv)
+                                                                : new QApplication(argc, argv));
     QCoreApplication::setOrganizationName(QStringLiteral("Pavrel"));
     QCoreApplication::setApplicationName(QStringLiteral("pavrel"));
 
@@ -68,7 +144,9 @@ int main(int argc, char **argv)
     const auto versao = resolver<PavrelVersaoFn>(biblioteca, "PavrelVersao");
     const auto iniciar = resolver<PavrelIniciarFn>(biblioteca, "PavrelIniciar");
     const auto criarBanco = resolver<PavrelCriarBancoFn>(biblioteca, "PavrelCriarBanco");
-    if (!versao || !iniciar || !criarBanco)
+    const auto executar = resolver<PavrelExecutarFn>(biblioteca, "PavrelExecutar");
+    const auto abrirRep = resolver<AbrirRepFn>(biblioteca, "AbrirRep");
+    if (!versao || !iniciar || !criarBanco || !executar || !abrirRep)
         return 3;
     QCoreApplication::setApplicationVersion(QString::fromUtf8(versao()));
 
@@ -76,7 +154,10 @@ int main(int argc, char **argv)
     parser.setApplicationDescription(QStringLiteral(
         "Notas manuais: entrada, conferência, baixa e cancelamento de notas fiscais.\n"
         "Sem --database, usa o arquivo padrão (criado com dados de demonstração no primeiro uso),\n"
-        "ou a variável PAVREL_DATABASE. Um servidor Firebird é indicado como servidor:/caminho/arquivo.fdb."));
+        "ou a variável PAVREL_DATABASE. Um servidor Firebird é indicado como servidor:/caminho/arquivo.fdb.\n\n"
+        "Comandos sem tela:\n"
+        "  notes [--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim]\n"
+        "        [--ndoc N] [--origin todas|manual|xml]   lista as notas como a tela mostra"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
@@ -86,7 +167,10 @@ int main(int argc, char **argv)
         {QStringLiteral("debug"), QStringLiteral("Nível de depuração (modo_debug)."), QStringLiteral("N")},
         {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
         {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
+        {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
     });
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("Comando sem tela, com suas opções."), QStringLiteral("[command ...]"));
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     parser.process(*app);
 
     QString mensagem;
@@ -112,12 +196,16 @@ int main(int argc, char **argv)
         return 1;
     }
 
-    QMainWindow janela;
-    janela.setWindowTitle(QStringLiteral("Pavrel"));
-    auto *vazio = new QLabel(QStringLiteral("Pavrel"), &janela);
-    vazio->setAlignment(Qt::AlignCenter);
-    janela.setCentralWidget(vazio);
-    janela.resize(1200, 760);
+    const QStringList comando = parser.positionalArguments();
+    if (!comando.isEmpty())
+        return executar(&comando);
+
+    QWidget *tela = abrirRep().value<QWidget *>();
+    if (!tela)
+        return 1;
+    JanelaPrincipal janela(tela);
+    if (modo == Modo::Foto)
+        return fotografar(janela, tela, parser.value(QStringLiteral("screenshot")));
     janela.show();
-    return app->exec();
+    return QCoreApplication::exec();
 }

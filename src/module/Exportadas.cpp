@@ -1,6 +1,14 @@
 // The functions a host finds in libpavrel.so by name.
+#include "ComandosHeadless.h"
+#include "Contexto.h"
+#include "Dialogos.h"
 #include "ModuloPavrel.h"
 #include "PavrelExports.h"
+#include "TRepF.h"
+
+#include <QCoreApplication>
+#include <QTextStream>
+#include <QVariant>
 
 extern "C" {
 
@@ -23,6 +31,29 @@ Q_DECL_EXPORT bool PavrelIniciar(const char *database, int empresa, int estacao,
 Q_DECL_EXPORT bool PavrelCriarBanco(const char *caminho, bool comDemo, QString *erro)
 {
     return ModuloPavrel::CriarBanco(QString::fromUtf8(caminho), comDemo, erro);
+}
+
+Q_DECL_EXPORT int PavrelExecutar(const QStringList *argumentos)
+{
+    QTextStream saida(stdout);
+    QTextStream erros(stderr);
+    return ComandosHeadless::Executar(*argumentos, saida, erros);
+}
+
+// The entry a host calls: a new screen, handed over as the QWidget* it is. The host shows it
+// and frees it; until then it goes with the application.
+Q_DECL_EXPORT QVariant AbrirRep()
+{
+    if (Contexto::Atual().banco.database.isEmpty()) {
+        QString erro;
+        if (!ModuloPavrel::Iniciar(TDadosHost{}, &erro)) {
+            MensagemErro(erro);
+            return {};
+        }
+    }
+    auto *tela = new TRepF;
+    QObject::connect(qApp, &QCoreApplication::aboutToQuit, tela, &QObject::deleteLater);
+    return QVariant::fromValue(static_cast<QWidget *>(tela));
 }
 
 } // extern "C"

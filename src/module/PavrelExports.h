@@ -2,9 +2,8 @@
 
 // The entry points of libpavrel.so, for hosts that load it at run time.
 
-#include <QtGlobal>
-
-class QString;
+#include <QStringList>
+#include <QVariant>
 
 extern "C" {
 using PavrelVersaoFn = const char *(*)();
@@ -12,4 +11,8 @@ using PavrelVersaoFn = const char *(*)();
 // the environment, then 1.
 using PavrelIniciarFn = bool (*)(const char *database, int empresa, int estacao, int modoDebug, QString *erro);
 using PavrelCriarBancoFn = bool (*)(const char *caminho, bool comDemo, QString *erro);
+// A headless command ("notes" and its options); the process exit code.
+using PavrelExecutarFn = int (*)(const QStringList *argumentos);
+// The screen, as a QVariant holding its QWidget*; a null variant when the module cannot start.
+using AbrirRepFn = QVariant (*)();
 }

@@ -1,0 +1,299 @@
+#include "TRepF.h"
+
+#include "Config.h"
+#include "Dialogos.h"
+#include "ImpressoraFiscal.h"
+#include "TAndamento.h"
+#include "TConexD.h"
+#include "TEdNotaPanel.h"
+#include "TItemPanel.h"
+#include "TNumEditBR.h"
+#include "TProgressForm.h"
+#include "TRepF_KeyDown_F6.h"
+#include "TextosHost.h"
+#include "UTipoDoc.h"
+#include "Valores.h"
+
+#include <QAction>
+#include <QCheckBox>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTableView>
+#include <QToolBar>
+#include <QToolButton>
+
+TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
+{
+    setObjectName(QStringLiteral("RepF"));
+    setWindowTitle(Nome());
+    lerConfiguracao();
+    criarAcoes();
+
+    QString erro;
+    if (!m_tabPrecoList.CarregarDoDB(TConexD::Conexao(), &erro))
+        MensagemErro(QStringLiteral("Erro lendo as tabelas de preço: ") + erro);
+    m_conexao.PegarDados(TConexD::Conexao());
+    m_repD = new TRepD(m_conexao, this);
+    montarTela();
+    m_canceladosFiltro->setCurrentIndex(1);
+
+    const TFiltroNotas inicial = TFiltroNotas::Inicial(Contexto::Atual().Hoje());
+    m_dateTimePicker1->setDate(inicial.de);
+    m_dateTimePicker2->setDate(inicial.ate);
+
+    PrepEmprComboBox();
+    m_edNotaPanel->TipoDocComboBox()->addItems(TipoDoc::TextosCombo());
+    connect(m_edNotaPanel->TipoDocComboBox(), &QComboBox::currentIndexChanged, this, &TRepF::TipoDocComboBoxChange);
+    connect(m_edNotaPanel->NotaCancButton(), &QAbstractButton::clicked, this, &TRepF::CancelarEdicaoNota);
+
+    SetCabecState(TDataSetState::Browse);
+    SetItemState(TDataSetState::Browse);
+    PreencherFornec();
+    PreencherUnid();
+    PreencherTrib();
+    criarPrecoEdits();
+    criarGradeCombos();
+    pegarProcsImpressora();
+    m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
+
+    connect(&m_repD->Notas(), &TClientDataSet::AfterScroll, this, &TRepF::AposRolarNotas);
+    TRepF_KeyDown_F6::Exec(*this, false);
+    AtualizarAcoes();
+}
+
+TRepF::~TRepF() = default;
+
+void TRepF::lerConfiguracao()
+{
+    TConexaoSQL &host = TConexD::Conexao();
+    m_producCustoExige = Config::LigadoSalvoN(host, QStringLiteral("REP_PRODUC_CUSTO_EXIGE"));
+    m_ipiSomar = Config::LigadoSalvoN(host, QStringLiteral("REP_IPI_SOMAR"));
+}
+
+void TRepF::pegarProcsImpressora()
+{
+    QString erro;
+    if (!ImpressoraFiscal::PegarProcs(&erro))
+        MensagemErro(erro);
+}
+
+void TRepF::SetCabecState(TDataSetState estado)
+{
+    m_cabecState = estado;
+    setWindowTitle(TextoCaption());
+    AtualizarAcoes();
+}
+
+void TRepF::SetItemState(TDataSetState estado)
+{
+    m_itemState = estado;
+    m_itemPanel->setTitle(DataSetStateToString(estado, QStringLiteral("Item"), 2));
+}
+
+QString TRepF::TextoCaption() const
+{
+    return DataSetStateToString(m_cabecState, Nome(), 2);
+}
+
+QComboBox *TRepF::TipoDocComboBox() const
+{
+    return m_edNotaPanel->TipoDocComboBox();
+}
+
+int TRepF::TipoDocSelecionado() const
+{
+    if (m_edNotaPanel->isVisible())
+        return TipoDoc::CodigoDoIndice(TipoDocComboBox()->currentIndex());
+    TClientDataSet &notas = m_repD->Notas();
+    if (notas.IsEmpty())
+        return TipoDoc::Entrada;
+    return notas.FieldByName(QStringLiteral("TIPO_cod")).AsInteger();
+}
+
+bool TRepF::NotaAtualBaixada() const
+{
+    TClientDataSet &notas = m_repD->Notas();
+    return !notas.IsEmpty() && notas.FieldByName(QStringLiteral("BAIXADO")).AsBoolean();
+}
+
+TFiltroNotas TRepF::FiltroDosControles() const
+{
+    TFiltroNotas filtro;
+    filtro.considerarDatas = m_consideraDatas->isChecked();
+    filtro.de = m_dateTimePicker1->date();
+    filtro.ate = m_dateTimePicker2->date();
+    filtro.fornecCod = m_fornecFiltro->currentIndex() > 0 ? m_fornecFiltro->currentData().toInt() : 0;
+    filtro.canceladosIndice = qMax(0, m_canceladosFiltro->currentIndex());
+    filtro.ndoc = int(m_ndocPos->Value());
+    filtro.origemIndice = qMax(0, m_origDoc->currentIndex());
+    return filtro;
+}
+
+bool TRepF::CarregarNotas()
+{
+    QAction *consultar = m_acoes.value(QStringLiteral("ConsultarAction"));
+    consultar->setEnabled(false);
+    const bool ok = m_repD->CarregarNotas(FiltroDosControles());
+    consultar->setEnabled(true);
+    AposRolarNotas();
+    return ok;
+}
+
+void TRepF::ShowTimerTimer()
+{
+    TProgressForm::Exibir(QStringLiteral("Pavrel..."));
+    CarregarNotas();
+    // The list takes a good share of the height; the item panel and its grid the rest.
+    auto *splitter = static_cast<QSplitter *>(m_painelCentral);
+    const int altura = splitter->height();
+    splitter->setSizes({altura * 2 / 5, altura - altura * 2 / 5});
+    TProgressForm::Fechar();
+    setProperty("listaCarregada", true);
+    Q_EMIT ListaCarregada();
+}
+
+// What depends on the current note follows the list's cursor.
+void TRepF::AposRolarNotas()
+{
+    if (!m_edNotaPanel->isVisible()) {
+        // While browsing, the type shown is the current note's.
+        const int indice = TipoDoc::IndiceDoCodigo(TipoDocSelecionado());
+        if (indice >= 0) {
+            const QSignalBlocker bloqueio(TipoDocComboBox());
+            TipoDocComboBox()->setCurrentIndex(indice);
+            m_tipoIndiceAnterior = indice;
+        }
+        TRepF_KeyDown_F6::Exec(*this, false);
+    }
+    AtualizarAcoes();
+}
+
+// Actions whose work is not there yet stay visible and disabled.
+void TRepF::AtualizarAcoes()
+{
+    static const QStringList prontas = {QStringLiteral("ConsultarAction")};
+    for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it) {
+        const bool pronta = prontas.contains(it.key());
+        it.value()->setEnabled(pronta && m_cabecState == TDataSetState::Browse);
+    }
+}
+
+void TRepF::TipoDocComboBoxChange(int indice)
+{
+    QComboBox *combo = TipoDocComboBox();
+    if (NotaAtualBaixada() && m_cabecState != TDataSetState::Insert) {
+        const QSignalBlocker bloqueio(combo);
+        combo->setCurrentIndex(m_tipoIndiceAnterior);
+        return;
+    }
+    m_tipoIndiceAnterior = indice;
+    TNumEditBR *ndoc = m_edNotaPanel->NDocNumEditBR();
+    TNumEditBR *serie = m_edNotaPanel->SerieNumEditBR();
+    if (indice != 0) {
+        // Such a document takes its number from its electronic invoice.
+        ndoc->SetValue(0);
+        ndoc->SetReadOnlyLook(true);
+        serie->SetValue(1);
+        serie->SetReadOnlyLook(true);
+    } else {
+        ndoc->SetReadOnlyLook(false);
+        ndoc->setFocusPolicy(Qt::StrongFocus);
+        serie->SetReadOnlyLook(false);
+    }
+    TRepF_KeyDown_F6::Exec(*this, false);
+}
+
+void TRepF::ZerarBusca()
+{
+    m_itemPanel->BuscaLabeledEdit()->clear();
+    m_itemPanel->ProdCodDelesLabeledEdit()->clear();
+    m_itemPanel->ProdDescrLabeledEdit()->clear();
+    m_itemPanel->ProdCodNumEditBR()->SetValue(0);
+}
+
+void TRepF::CancelarEdicaoNota()
+{
+    m_edNotaPanel->hide();
+    SetItemState(TDataSetState::Browse);
+    SetCabecState(TDataSetState::Browse);
+    AposRolarNotas();
+}
+
+bool TRepF::FormKeyPress(QKeyEvent *event)
+{
+    if (event->key() == Qt::Key_Escape) {
+        QWidget *prodPanel = m_itemPanel->ProdPanel();
+        if (prodPanel->isVisible()) {
+            prodPanel->hide();
+            return true;
+        }
+        if (!m_itemPanel->BuscaLabeledEdit()->text().isEmpty()) {
+            ZerarBusca();
+            return true;
+        }
+        if (m_edNotaPanel->isVisible()
+            && Pergunta(QStringLiteral("Existem alterações ainda não gravadas. Deseja cancelar estas alterações?"))) {
+            CancelarEdicaoNota();
+            return true;
+        }
+    }
+    if (event->key() == Qt::Key_F6) {
+        TRepF_KeyDown_F6::Exec(*this, true);
+        return true;
+    }
+    return TChildMDIBasF::FormKeyPress(event);
+}
+
+void TRepF::closeEvent(QCloseEvent *event)
+{
+    if (m_cabecState != TDataSetState::Browse
+        && !Pergunta(QStringLiteral("Existem informações não gravadas. Deseja descartar estas alterações?"))) {
+        event->ignore();
+        return;
+    }
+    if (m_cabecState != TDataSetState::Browse)
+        ApagarPrecoZerado();
+    event->accept();
+}
+
+void TRepF::ApagarPrecoZerado()
+{
+    TConexaoSQL &host = TConexD::Conexao();
+    if (!host.Conectar())
+        return;
+    host.Exec(QStringLiteral("delete from prod_preco where prod_cod=0 or prod_cod is null"));
+    host.Desconectar();
+}
+
+void TRepF::ExibirMenu()
+{
+    const QPoint abaixo = m_tarefasButton->mapTo(this, QPoint(0, m_tarefasButton->height()));
+    m_menuPanel->adjustSize();
+    m_menuPanel->move(qMin(abaixo.x(), qMax(0, width() - m_menuPanel->width())), abaixo.y());
+    m_menuPanel->show();
+    m_menuPanel->raise();
+}
+
+void TRepF::EsconderMenu()
+{
+    m_menuPanel->hide();
+}
+
+bool TRepF::eventFilter(QObject *watched, QEvent *event)
+{
+    const bool passou = event->type() == QEvent::Enter || event->type() == QEvent::MouseMove
+                        || event->type() == QEvent::HoverMove;
+    if (passou && watched == m_tarefasButton)
+        ExibirMenu();
+    else if (passou && m_menuPanel && m_menuPanel->isVisible()
+             && (watched == m_toolBar || watched == m_painelCentral
+                 || (m_notasGrid && watched == m_notasGrid->viewport())))
+        EsconderMenu();
+    return TChildMDIBasF::eventFilter(watched, event);
+}

@@ -1,0 +1,142 @@
+#pragma once
+
+#include "TChildMDIBasF.h"
+#include "TClientDataSet.h"
+#include "TConexaoSQL.h"
+#include "TRepD.h"
+#include "TTabPrecoList.h"
+
+#include <QHash>
+#include <QList>
+
+#include <memory>
+
+class QAction;
+class QCheckBox;
+class QComboBox;
+class QDateEdit;
+class QFrame;
+class QLabel;
+class QProgressBar;
+class QTableView;
+class QToolBar;
+class QToolButton;
+class TAndamento;
+class TEdNotaPanel;
+class TItemPanel;
+class TNumEditBR;
+class TTotaisBar;
+
+// The manual-notes screen: the note list with its filters, the note header panel, the item
+// panel with its grid and totals, and the actions on the current note.
+class TRepF final : public TChildMDIBasF
+{
+    Q_OBJECT
+public:
+    explicit TRepF(QWidget *parent = nullptr);
+    ~TRepF() override;
+
+    static QString Nome() { return QStringLiteral("Pavrel"); }
+
+    TDataSetState CabecState() const { return m_cabecState; }
+    TDataSetState ItemState() const { return m_itemState; }
+    void SetCabecState(TDataSetState estado);
+    void SetItemState(TDataSetState estado);
+    QString TextoCaption() const;
+
+    // The type of the note on the screen: the combo while the header panel is shown,
+    // otherwise the current list row.
+    int TipoDocSelecionado() const;
+    bool NotaAtualBaixada() const;
+
+    bool ProducCustoExige() const { return m_producCustoExige; }
+    bool IPISomar() const { return m_ipiSomar; }
+
+    // The list filter as the controls set it.
+    TFiltroNotas FiltroDosControles() const;
+    bool CarregarNotas();
+
+    TRepD &RepD() { return *m_repD; }
+    TEdNotaPanel *EdNotaPanel() const { return m_edNotaPanel; }
+    TItemPanel *ItemPanel() const { return m_itemPanel; }
+    TAndamento &Andamento() { return *m_andamento; }
+    QComboBox *TipoDocComboBox() const;
+    QLabel *TipoDocLabel() const { return m_tipoDocLabel; }
+    const QList<TNumEditBR *> &PrecoEdits() const { return m_precoEdits; }
+    const QList<QComboBox *> &GradeCombos() const { return m_gradeCombos; }
+    QAction *Acao(const QString &nome) const { return m_acoes.value(nome); }
+
+    void ExibirMenu();
+    void EsconderMenu();
+    // Runs when the screen is about to close: price rows left without a product go away.
+    void ApagarPrecoZerado();
+    // Leaves the header editing without saving.
+    void CancelarEdicaoNota();
+
+Q_SIGNALS:
+    // The note list has been loaded for the first time (hosts that take pictures wait for it).
+    void ListaCarregada();
+
+protected:
+    void ShowTimerTimer() override;
+    bool FormKeyPress(QKeyEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void lerConfiguracao();
+    void criarAcoes();
+    QWidget *criarFiltros();
+    void montarTela();
+    void PrepEmprComboBox();
+    void PreencherFornec();
+    void PreencherUnid();
+    void PreencherTrib();
+    void criarPrecoEdits();
+    void criarGradeCombos();
+    void pegarProcsImpressora();
+    void TipoDocComboBoxChange(int indice);
+    void AposRolarNotas();
+    void AtualizarAcoes();
+    void ZerarBusca();
+
+    bool m_producCustoExige = true;
+    bool m_ipiSomar = true;
+    TDataSetState m_cabecState = TDataSetState::Inactive;
+    TDataSetState m_itemState = TDataSetState::Inactive;
+    int m_tipoIndiceAnterior = 0;
+
+    TConexaoSQL m_conexao;
+    TTabPrecoList m_tabPrecoList;
+    TRepD *m_repD = nullptr;
+    std::unique_ptr<TAndamento> m_andamento;
+
+    QHash<QString, QAction *> m_acoes;
+    QToolBar *m_toolBar = nullptr;
+    QToolButton *m_tarefasButton = nullptr;
+    QFrame *m_menuPanel = nullptr;
+    QWidget *m_painelCentral = nullptr;
+
+    QDateEdit *m_dateTimePicker1 = nullptr;
+    QDateEdit *m_dateTimePicker2 = nullptr;
+    QCheckBox *m_consideraDatas = nullptr;
+    QComboBox *m_fornecFiltro = nullptr;
+    QComboBox *m_canceladosFiltro = nullptr;
+    TNumEditBR *m_ndocPos = nullptr;
+    QComboBox *m_origDoc = nullptr;
+
+    QTableView *m_notasGrid = nullptr;
+    TEdNotaPanel *m_edNotaPanel = nullptr;
+    TItemPanel *m_itemPanel = nullptr;
+    QLabel *m_tipoDocLabel = nullptr;
+    QTableView *m_itensGrid = nullptr;
+    TTotaisBar *m_totaisBar = nullptr;
+    QList<TNumEditBR *> m_precoEdits;
+    QList<QComboBox *> m_gradeCombos;
+
+    QFrame *m_andamentoPanel = nullptr;
+    QProgressBar *m_andamentoGauge = nullptr;
+    QLabel *m_andamentoLabel = nullptr;
+
+    friend class TRepF_KeyDown_F6;
+};
