@@ -1,6 +1,7 @@
 #include "TEdNotaPanel.h"
 
 #include "FiltroTeclas.h"
+#include "CamposTela.h"
 #include "TNumEditBR.h"
 
 #include <QComboBox>
@@ -17,34 +18,9 @@
 #include <algorithm>
 #include <utility>
 
+using namespace CamposTela;
+
 namespace {
-
-// Room for `amostra` in the edit's font plus its frame and margins.
-int LarguraPara(const QWidget *campo, const QString &amostra)
-{
-    return campo->fontMetrics().horizontalAdvance(amostra) + 16;
-}
-
-QString AmostraNumero(int digitosInteiros, int decimais)
-{
-    QString amostra(digitosInteiros, QLatin1Char('9'));
-    if (decimais > 0)
-        amostra += QLatin1Char(',') + QString(decimais, QLatin1Char('9'));
-    return amostra;
-}
-
-TNumEditBR *NovoNum(QWidget *pai, const char *nome, int decimais, int digitosInteiros, int maxLen = 0)
-{
-    auto *edit = new TNumEditBR(pai);
-    edit->setObjectName(QLatin1String(nome));
-    edit->SetDecimals(decimais);
-    if (maxLen > 0)
-        edit->setMaxLength(maxLen);
-    edit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    edit->setFixedWidth(std::max(LarguraPara(edit, AmostraNumero(digitosInteiros, decimais)),
-                                 edit->minimumSizeHint().width()));
-    return edit;
-}
 
 // As wide as `amostra`; without one the edit grows with its column.
 QLineEdit *NovoTexto(QWidget *pai, const char *nome, int maxLen, const QString &amostra = QString())
@@ -60,20 +36,6 @@ QLineEdit *NovoTexto(QWidget *pai, const char *nome, int maxLen, const QString &
         edit->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     }
     return edit;
-}
-
-// The width follows `caracteres`, never the longest name loaded later, so a long supplier name
-// cannot push the other fields out of the panel.
-QComboBox *NovoCombo(QWidget *pai, const char *nome, int caracteres, bool cresce)
-{
-    auto *combo = new QComboBox(pai);
-    combo->setObjectName(QLatin1String(nome));
-    combo->setEditable(false);
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(caracteres);
-    combo->setMaxVisibleItems(20);
-    combo->setSizePolicy(cresce ? QSizePolicy::Expanding : QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return combo;
 }
 
 QDateEdit *NovaData(QWidget *pai, const char *nome)

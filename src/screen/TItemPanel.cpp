@@ -1,5 +1,6 @@
 #include "TItemPanel.h"
 
+#include "CamposTela.h"
 #include "TNumEditBR.h"
 
 #include <QComboBox>
@@ -17,28 +18,9 @@
 #include <algorithm>
 #include <utility>
 
+using namespace CamposTela;
+
 namespace {
-
-// Room for `amostra` in the edit's font plus its frame and margins.
-int LarguraPara(const QWidget *campo, const QString &amostra)
-{
-    return campo->fontMetrics().horizontalAdvance(amostra) + 16;
-}
-
-TNumEditBR *NovoNum(QWidget *pai, const char *nome, int decimais, int digitosInteiros, int maxLen = 0)
-{
-    auto *edit = new TNumEditBR(pai);
-    edit->setObjectName(QLatin1String(nome));
-    edit->SetDecimals(decimais);
-    if (maxLen > 0)
-        edit->setMaxLength(maxLen);
-    edit->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    QString amostra(digitosInteiros, QLatin1Char('9'));
-    if (decimais > 0)
-        amostra += QLatin1Char(',') + QString(decimais, QLatin1Char('9'));
-    edit->setFixedWidth(std::max(LarguraPara(edit, amostra), edit->minimumSizeHint().width()));
-    return edit;
-}
 
 // Sizes shared by several fields.
 TNumEditBR *Dinheiro(QWidget *pai, const char *nome) { return NovoNum(pai, nome, 2, 7); }
@@ -54,17 +36,6 @@ QLineEdit *NovoTexto(QWidget *pai, const char *nome, int maxLen)
     edit->setObjectName(QLatin1String(nome));
     edit->setMaxLength(maxLen);
     return edit;
-}
-
-QComboBox *NovoCombo(QWidget *pai, const char *nome, int caracteres)
-{
-    auto *combo = new QComboBox(pai);
-    combo->setObjectName(QLatin1String(nome));
-    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    combo->setMinimumContentsLength(caracteres);
-    combo->setMaxVisibleItems(20);
-    combo->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
-    return combo;
 }
 
 // The small "..." button beside a field that opens the register behind it.
