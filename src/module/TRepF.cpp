@@ -4,6 +4,7 @@
 #include "Dialogos.h"
 #include "ImpressoraFiscal.h"
 #include "TAndamento.h"
+#include "TCabecNota.h"
 #include "TConexD.h"
 #include "TEdNotaPanel.h"
 #include "TItemPanel.h"
@@ -51,6 +52,16 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     m_edNotaPanel->TipoDocComboBox()->addItems(TipoDoc::TextosCombo());
     connect(m_edNotaPanel->TipoDocComboBox(), &QComboBox::currentIndexChanged, this, &TRepF::TipoDocComboBoxChange);
     connect(m_edNotaPanel->NotaCancButton(), &QAbstractButton::clicked, this, &TRepF::CancelarEdicaoNota);
+    connect(m_edNotaPanel->NotaOkButton(), &QAbstractButton::clicked, this, [this] {
+        // A check that refused as the focus left its field pulled the focus back there: the
+        // click that moved it does not confirm as well.
+        if (m_edNotaPanel->focusWidget() == m_edNotaPanel->NotaOkButton())
+            ConfirmarNota();
+    });
+    m_cabec = new TCabecNota(m_edNotaPanel, m_repD->Notas(), m_conexao, this);
+    m_cabec->SetIPISomar(m_ipiSomar);
+    connect(m_acoes.value(QStringLiteral("NotaInsAct")), &QAction::triggered, this, &TRepF::NotaInsActExecute);
+    connect(m_acoes.value(QStringLiteral("AltAct")), &QAction::triggered, this, &TRepF::AltActExecute);
 
     SetCabecState(TDataSetState::Browse);
     SetItemState(TDataSetState::Browse);
@@ -177,11 +188,13 @@ void TRepF::AposRolarNotas()
 // Actions whose work is not there yet stay visible and disabled.
 void TRepF::AtualizarAcoes()
 {
-    static const QStringList prontas = {QStringLiteral("ConsultarAction")};
-    for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it) {
-        const bool pronta = prontas.contains(it.key());
-        it.value()->setEnabled(pronta && m_cabecState == TDataSetState::Browse);
-    }
+    static const QStringList prontas = {QStringLiteral("ConsultarAction"), QStringLiteral("NotaInsAct"),
+                                        QStringLiteral("AltAct")};
+    const bool navegando = m_cabecState == TDataSetState::Browse;
+    for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
+        it.value()->setEnabled(navegando && prontas.contains(it.key()));
+    if (navegando && m_repD->Notas().IsEmpty())
+        m_acoes.value(QStringLiteral("AltAct"))->setEnabled(false);
 }
 
 void TRepF::TipoDocComboBoxChange(int indice)
@@ -193,6 +206,12 @@ void TRepF::TipoDocComboBoxChange(int indice)
         return;
     }
     m_tipoIndiceAnterior = indice;
+    AjustarNumeroPorTipo(indice);
+    TRepF_KeyDown_F6::Exec(*this, false);
+}
+
+void TRepF::AjustarNumeroPorTipo(int indice)
+{
     TNumEditBR *ndoc = m_edNotaPanel->NDocNumEditBR();
     TNumEditBR *serie = m_edNotaPanel->SerieNumEditBR();
     if (indice != 0) {
@@ -206,7 +225,54 @@ void TRepF::TipoDocComboBoxChange(int indice)
         ndoc->setFocusPolicy(Qt::StrongFocus);
         serie->SetReadOnlyLook(false);
     }
+}
+
+void TRepF::AbrirEdicaoNota(TDataSetState estado)
+{
+    SetCabecState(estado);
+    SetItemState(TDataSetState::Insert);
+    m_tipoIndiceAnterior = qMax(0, TipoDocComboBox()->currentIndex());
+    AjustarNumeroPorTipo(m_tipoIndiceAnterior);
+    // While a note is typed the screen is the note's: the list and its filters step aside.
+    m_notasGrid->hide();
+    m_filtros->hide();
+    m_edNotaPanel->show();
     TRepF_KeyDown_F6::Exec(*this, false);
+    m_edNotaPanel->Campos().first()->setFocus();
+}
+
+void TRepF::NotaInsActExecute()
+{
+    if (m_cabecState != TDataSetState::Browse)
+        return;
+    {
+        const QSignalBlocker bloqueio(TipoDocComboBox());
+        m_cabec->ZerarNota();
+    }
+    AbrirEdicaoNota(TDataSetState::Insert);
+}
+
+void TRepF::AltActExecute()
+{
+    if (m_cabecState != TDataSetState::Browse || m_repD->Notas().IsEmpty())
+        return;
+    {
+        const QSignalBlocker bloqueio(TipoDocComboBox());
+        if (!m_cabec->CamposParaControlesNota())
+            return;
+    }
+    AbrirEdicaoNota(TDataSetState::Edit);
+}
+
+bool TRepF::ConfirmarNota()
+{
+    if (!m_cabec->DocAceito() || !m_cabec->TotaisAceitos())
+        return false;
+    const bool gravou = m_cabecState == TDataSetState::Insert ? m_cabec->NotaConfirmIns() : m_cabec->NotaConfirmAlt();
+    if (!gravou)
+        return false;
+    CancelarEdicaoNota();
+    return true;
 }
 
 void TRepF::ZerarBusca()
@@ -220,6 +286,8 @@ void TRepF::ZerarBusca()
 void TRepF::CancelarEdicaoNota()
 {
     m_edNotaPanel->hide();
+    m_filtros->show();
+    m_notasGrid->show();
     SetItemState(TDataSetState::Browse);
     SetCabecState(TDataSetState::Browse);
     AposRolarNotas();

@@ -22,6 +22,7 @@ class QTableView;
 class QToolBar;
 class QToolButton;
 class TAndamento;
+class TCabecNota;
 class TEdNotaPanel;
 class TItemPanel;
 class TNumEditBR;
@@ -70,6 +71,11 @@ public:
     void EsconderMenu();
     // Runs when the screen is about to close: price rows left without a product go away.
     void ApagarPrecoZerado();
+    TCabecNota &Cabec() { return *m_cabec; }
+    void NotaInsActExecute();
+    void AltActExecute();
+    // The confirm button of the note panel: the checks, then the insert or the update.
+    bool ConfirmarNota();
     // Leaves the header editing without saving.
     void CancelarEdicaoNota();
 
@@ -96,6 +102,8 @@ private:
     void criarGradeCombos();
     void pegarProcsImpressora();
     void TipoDocComboBoxChange(int indice);
+    void AjustarNumeroPorTipo(int indice);
+    void AbrirEdicaoNota(TDataSetState estado);
     void AposRolarNotas();
     void AtualizarAcoes();
     void ZerarBusca();
@@ -109,6 +117,7 @@ private:
     TConexaoSQL m_conexao;
     TTabPrecoList m_tabPrecoList;
     TRepD *m_repD = nullptr;
+    TCabecNota *m_cabec = nullptr;
     std::unique_ptr<TAndamento> m_andamento;
 
     QHash<QString, QAction *> m_acoes;
@@ -116,6 +125,7 @@ private:
     QToolButton *m_tarefasButton = nullptr;
     QFrame *m_menuPanel = nullptr;
     QWidget *m_painelCentral = nullptr;
+    QWidget *m_filtros = nullptr;
 
     QDateEdit *m_dateTimePicker1 = nullptr;
     QDateEdit *m_dateTimePicker2 = nullptr;

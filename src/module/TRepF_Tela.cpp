@@ -196,7 +196,8 @@ void TRepF::montarTela()
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(2);
     layout->addWidget(m_toolBar);
-    layout->addWidget(criarFiltros());
+    m_filtros = criarFiltros();
+    layout->addWidget(m_filtros);
 
     m_painelCentral = new QSplitter(Qt::Vertical, this);
     m_painelCentral->setObjectName(QStringLiteral("PainelCentral"));
