@@ -6,11 +6,21 @@
 #include "TClientManager.h"
 #include "TClientManager1_CreateFields.h"
 #include "TClientManager1_PrepGrid.h"
+#include "TClientManager2_CreateFields.h"
+#include "TCompraItemTmpDBI.h"
+#include "TConexD.h"
 #include "TConexaoSQL.h"
+#include "TGetQtdItens.h"
+#include "TGetSqlItens.h"
+#include "TPreencheTribSL.h"
 #include "TProgressForm.h"
+#include "TProgresso.h"
+#include "TQueryToClient.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QHash>
 #include <QScopeGuard>
 
@@ -24,6 +34,8 @@ enum Origem { OrigemTodas = 0, OrigemManual = 1, OrigemXml = 2 };
 constexpr int NivelRastro = 64;
 // Rows between two repaints of the progress window.
 constexpr int PassoProgresso = 4096;
+// Items between two chances for the screen to repaint while they load.
+constexpr int PassoRepintura = 32;
 
 // A text or BLOB column: empty when null or without a single character.
 bool Vazio(const QVariant &v)
@@ -54,6 +66,22 @@ TRepD::TRepD(TConexaoSQL &conexao, QObject *parent)
     m_clientManager1 = new TClientManager(m_notas, this);
     m_clientManager1->setObjectName(QStringLiteral("ClientManager1"));
     TClientManager1_PrepGrid::Executar(*m_clientManager1);
+
+    m_itens = new TClientDataSet(this);
+    m_itens->setObjectName(QStringLiteral("Itens"));
+    TClientManager2_CreateFields::Executar(*m_itens);
+    m_itens->Open();
+    m_clientManager2 = new TClientManager(m_itens, this);
+    m_clientManager2->setObjectName(QStringLiteral("ClientManager2"));
+}
+
+void TRepD::SetTabPrecos(const TTabPrecoList &tabelas)
+{
+    m_tabPrecos = tabelas;
+    // Fields are declared while the dataset is closed; the grid model follows the new columns.
+    m_itens->Close();
+    TClientManager2_CreateFields::AdicionarPrecos(*m_itens, m_tabPrecos);
+    m_itens->Open();
 }
 
 TRepD::~TRepD() = default;
@@ -218,6 +246,193 @@ QString TRepD::PreencherNotas(const TFiltroNotas &filtro, TRastroDebug &rastro)
             fDestinEmprRaz.SetAsString(it != empresas->cend() ? *it : naoEncontrado);
         }
         notas.Post();
+    }
+    return {};
+}
+
+// --- Items ----------------------------------------------------------------------------------------
+
+bool TRepD::CarregarItens(int emprCod, int compraCod, TProgresso *progresso)
+{
+    TClientDataSet &itens = *m_itens;
+    QElapsedTimer relogio;
+    relogio.start();
+    double segAbrir = 0, segCarregar = 0, segTotalizar = 0;
+    QString erro;
+    itens.DisableControls();
+    {
+        const auto restaurar = qScopeGuard([&] {
+            const qint64 antes = relogio.nsecsElapsed();
+            m_clientManager2->OrdenarPelaColunm();
+            itens.First();
+            itens.EnableControls();
+            if (progresso)
+                progresso->Fechar();
+            segTotalizar = double(relogio.nsecsElapsed() - antes) / 1e9;
+        });
+        if (itens.State() != TDataSetState::Browse)
+            itens.Cancel();
+        itens.EmptyDataSet();
+        erro = PreencherItens(emprCod, compraCod, progresso, &segAbrir);
+        if (!erro.isEmpty()) {
+            if (itens.State() != TDataSetState::Browse)
+                itens.Cancel();
+            itens.EmptyDataSet();
+        }
+        segCarregar = double(relogio.nsecsElapsed()) / 1e9 - segAbrir;
+    }
+    if (!erro.isEmpty()) {
+        MensagemErro(erro);
+        return false;
+    }
+    if (m_medirTempos) {
+        const QString seg = QStringLiteral("###0.0");
+        ExibirMens(QStringLiteral("abr ") + FormatFloat(seg, segAbrir) + QStringLiteral(" segundos ")
+                   + QStringLiteral("\r\n") + QStringLiteral("carreg ") + FormatFloat(seg, segCarregar)
+                   + QStringLiteral(" segundos ") + QStringLiteral("\r\n") + QStringLiteral("totaliz ")
+                   + FormatFloat(seg, segTotalizar) + QStringLiteral(" segundos "));
+    }
+    return true;
+}
+
+QString TRepD::PreencherItens(int emprCod, int compraCod, TProgresso *progresso, double *segAbrir)
+{
+    QElapsedTimer relogio;
+    relogio.start();
+    const QString falha = QStringLiteral("Não foi possível carregar os itens da nota.\n");
+    if (!m_conexao.Conectar())
+        return falha + m_conexao.UltimoErro();
+    const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
+
+    const int qtd = TGetQtdItens::GetQtdItens(m_conexao, emprCod, compraCod);
+    if (qtd < 0)
+        return falha + m_conexao.UltimoErro();
+    if (progresso)
+        progresso->Exibir(QStringLiteral("Aguardando o banco de dados..."), 0);
+    const std::unique_ptr<TQ> q = m_conexao.Ab(TGetSqlItens::GetSqlItens(emprCod, compraCod));
+    if (!q)
+        return falha + m_conexao.UltimoErro();
+    *segAbrir = double(relogio.nsecsElapsed()) / 1e9;
+    if (progresso)
+        progresso->Exibir(QStringLiteral("Carregando itens"), qtd);
+    if (q->IsEmpty())
+        return {};
+
+    // The tax situations are read once per load, and only for a note that has items.
+    const QStringList tribSL = TPreencheTribSL::Preencher(m_conexao);
+    TClientDataSet &itens = *m_itens;
+    TQueryToClient copia(*q, itens, tribSL);
+    const TField &fItem = itens.FieldByName(QStringLiteral("COMPRA_ITEM_TMP_COD"));
+    const TField &fEstacao = itens.FieldByName(QStringLiteral("estacao_cod"));
+    QHash<int, TField *> precos;   // by price table
+    for (const TTabPreco &tabela : m_tabPrecos.Tabelas())
+        if (TField *campo = itens.FindField(TClientManager2_CreateFields::CampoPreco(tabela.codigo)))
+            precos.insert(tabela.codigo, campo);
+
+    const QString empr = QString::number(emprCod);
+    int linha = 0;
+    for (q->First(); !q->Eof(); q->Next()) {
+        copia.QueryToClient();
+        const QString sqlPrecos =
+            QLatin1String("select TAB_PRECO_COD, PRECO from COMPRA_ITEM_TMP_PRECOS where "
+                          "COMPRA_ITEM_TMP_PRECOS.empr_cod=")
+            + empr + QLatin1String("\r\n") + QLatin1String(" and compra_item_tmp_precos.estacao_cod=")
+            + QString::number(fEstacao.AsInteger()) + QLatin1String("\r\n")
+            + QLatin1String(" and compra_item_tmp_cod=") + QString::number(fItem.AsInteger());
+        const std::unique_ptr<TQ> p = m_conexao.Ab(sqlPrecos);
+        if (!p)
+            return QStringLiteral("Não foi possível carregar os preços do item %1 da nota.\n%2")
+                .arg(fItem.AsInteger()).arg(m_conexao.UltimoErro());
+        for (p->First(); !p->Eof(); p->Next()) {
+            // A price of a table the list has no column for has nowhere to go.
+            if (TField *campo = precos.value(p->Fields(0).AsInteger()))
+                campo->SetValue(p->Fields(1).Value());
+        }
+        itens.Post();
+        ++linha;
+        if (progresso) {
+            progresso->PegarAtual(linha);
+            if (linha % PassoRepintura == 0)
+                QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+        }
+    }
+    return {};
+}
+
+bool TRepD::GravarItens(int emprCod, int compraCod)
+{
+    TClientDataSet &itens = *m_itens;
+    if (itens.State() != TDataSetState::Browse)
+        itens.Post();
+    QString erro;
+    itens.DisableControls();
+    {
+        const TBookmark marca = itens.GetBookmark();
+        const auto restaurar = qScopeGuard([&] {
+            if (!marca.IsNull())
+                itens.GotoBookmark(marca);
+            itens.EnableControls();
+        });
+        erro = EscreverItens(emprCod, compraCod);
+    }
+    if (!erro.isEmpty()) {
+        MensagemErro(erro);
+        return false;
+    }
+    return true;
+}
+
+QString TRepD::EscreverItens(int emprCod, int compraCod)
+{
+    TClientDataSet &itens = *m_itens;
+    const QString empr = QString::number(emprCod);
+    if (!TConexD::Executar(QLatin1String("delete from COMPRA_ITEM_TMP where EMPR_COD=") + empr
+                           + QLatin1String(" and estacao_cod=10") + QLatin1String(" and compra_cod=")
+                           + QString::number(compraCod)))
+        return QStringLiteral("Não foi possível apagar os itens gravados da nota.\n")
+               + TConexD::Conexao().UltimoErro();
+
+    if (!m_conexao.Conectar())
+        return QStringLiteral("Não foi possível gravar os itens da nota.\n") + m_conexao.UltimoErro();
+    const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
+
+    struct Preco
+    {
+        QString codigo;
+        const TField *campo;   // null: the list has no column for the table
+    };
+    QList<Preco> precos;
+    for (const TTabPreco &tabela : m_tabPrecos.Tabelas())
+        precos << Preco{QString::number(tabela.codigo),
+                        itens.FindField(TClientManager2_CreateFields::CampoPreco(tabela.codigo))};
+    const TField &fOrdem = itens.FieldByName(QStringLiteral("ordem"));
+
+    TCompraItemTmpDBI linha;
+    for (itens.First(); !itens.Eof(); itens.Next()) {
+        linha.LerDoDataSet(itens);
+        linha.SetNota(emprCod, compraCod);
+        const QString item = QString::number(linha.CompraItemTmpCod());
+        auto falha = [&](const QString &oQue) {
+            return QStringLiteral("Não foi possível gravar %1 do item %2 (código %3) da nota.\n%4")
+                .arg(oQue, fOrdem.AsString(), item, m_conexao.UltimoErro());
+        };
+        if (!linha.InserirNoBD(m_conexao))
+            return falha(QStringLiteral("a linha"));
+        if (!m_conexao.Exec(QLatin1String("update compra_item_tmp set  info_adic=") + QuotedStr(linha.InfoAdic())
+                            + QLatin1String(" where compra_item_tmp_cod=") + item))
+            return falha(QStringLiteral("as informações adicionais"));
+        if (!m_conexao.Exec(QLatin1String("delete from COMPRA_ITEM_TMP_PRECOS where EMPR_COD=") + empr
+                            + QLatin1String(" and estacao_cod=10") + QLatin1String(" and compra_item_tmp_cod=")
+                            + item))
+            return falha(QStringLiteral("os preços"));
+        for (const Preco &p : precos) {
+            const Money preco = p.campo ? p.campo->AsMoney() : Money();
+            if (!m_conexao.Exec(QLatin1String("INSERT INTO COMPRA_ITEM_TMP_PRECOS (EMPR_COD, estacao_cod, "
+                                              "compra_item_tmp_cod, TAB_PRECO_COD, PRECO) VALUES (")
+                                + empr + QLatin1String(", 10, ") + item + QLatin1String(", ") + p.codigo
+                                + QLatin1String(", ") + FloatToStrPonto(preco) + QLatin1String(");")))
+                return falha(QStringLiteral("os preços"));
+        }
     }
     return {};
 }

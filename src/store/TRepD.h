@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TTabPrecoList.h"
+
 #include <QDate>
 #include <QObject>
 #include <QString>
@@ -7,6 +9,7 @@
 class TClientDataSet;
 class TClientManager;
 class TConexaoSQL;
+class TProgresso;
 class TRastroDebug;
 
 // What the filter controls of the main screen select.
@@ -24,7 +27,7 @@ struct TFiltroNotas
     static TFiltroNotas Inicial(const QDate &hoje);
 };
 
-// The data module of the main screen: the note list (and, later, the items of the current note).
+// The data module of the main screen: the note list and the items of the note being edited.
 class TRepD final : public QObject
 {
     Q_OBJECT
@@ -34,6 +37,18 @@ public:
 
     TClientDataSet &Notas() { return *m_notas; }
     TClientManager &ClientManager1() { return *m_clientManager1; }
+    // The items of the open note, staged in compra_item_tmp; see TClientManager2_CreateFields.
+    TClientDataSet &Itens() { return *m_itens; }
+    TClientManager &ClientManager2() { return *m_clientManager2; }
+
+    // The price tables whose sale prices each item carries (the columns "preco<code>"), before
+    // items are loaded: the item list is emptied. Tables already known keep their column.
+    void SetTabPrecos(const TTabPrecoList &tabelas);
+    const TTabPrecoList &TabPrecos() const { return m_tabPrecos; }
+
+    // When on, loading the items ends with a message of the seconds spent.
+    void SetMedirTempos(bool ligado) { m_medirTempos = ligado; }
+    bool MedirTempos() const { return m_medirTempos; }
 
     // The list statement for a filter: no order by, conditions joined by " and ".
     static QString SqlNotas(const TFiltroNotas &filtro);
@@ -41,11 +56,29 @@ public:
     // The rows come sorted by the grid's current sort column, the cursor on the first one.
     bool CarregarNotas(const TFiltroNotas &filtro);
 
+    // Fills the item list from the staged rows of a note (station 10) and their prices, sorted
+    // by the grid's current sort column. On a database failure the list is left empty, so that
+    // a partial list can never be saved over the note's items, and false comes back after the
+    // driver's message. `progresso` may be null.
+    bool CarregarItens(int emprCod, int compraCod, TProgresso *progresso = nullptr);
+    // Replaces the note's staged rows (station 10) with the item list, in list order, each with
+    // one price row per price table. No transaction: on a failure the rows written so far stay,
+    // the failure is shown once with the driver's message, and false comes back.
+    bool GravarItens(int emprCod, int compraCod);
+
 private:
     // Appends the rows of the statement; the error text when the database fails.
     QString PreencherNotas(const TFiltroNotas &filtro, TRastroDebug &rastro);
+    // Appends the items of a note; the error text when the database fails.
+    QString PreencherItens(int emprCod, int compraCod, TProgresso *progresso, double *segAbrir);
+    // Writes the item list; the error text when the database fails.
+    QString EscreverItens(int emprCod, int compraCod);
 
     TConexaoSQL &m_conexao;
     TClientDataSet *m_notas;
     TClientManager *m_clientManager1;
+    TClientDataSet *m_itens;
+    TClientManager *m_clientManager2;
+    TTabPrecoList m_tabPrecos;
+    bool m_medirTempos = false;
 };
