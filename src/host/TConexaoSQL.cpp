@@ -110,6 +110,27 @@ QString semBrancosAFinal(QString texto)
     return texto;
 }
 
+// Scaled integers (NUMERIC columns) reach the driver's text through a double, so 1000000.0000
+// arrives as "1e+06". Four decimals of a double's shortest text are exact for any amount a
+// store holds (below 10^11), so the value is written back as plain decimal text.
+constexpr int SqlTipoInt64 = 580;
+constexpr int SqlTipoLong = 496;
+constexpr int SqlTipoShort = 500;
+
+QVariant normalizado(const QVariant &valor, int tipo)
+{
+    if (valor.isNull())
+        return valor;
+    if (tipo == SqlTipoChar)
+        return semBrancosAFinal(valor.toString());
+    if ((tipo == SqlTipoInt64 || tipo == SqlTipoLong || tipo == SqlTipoShort) && valor.typeId() == QMetaType::QString) {
+        const QString texto = valor.toString();
+        if (texto.contains(QLatin1Char('e'), Qt::CaseInsensitive))
+            return Money::fromDouble(texto.toDouble()).toString();
+    }
+    return valor;
+}
+
 } // namespace
 
 // --- TQ -------------------------------------------------------------------------------------------
@@ -266,19 +287,16 @@ bool TConexaoSQL::executar(const QString &sql, std::unique_ptr<TQ> *result)
         } else if (result) {
             const QSqlRecord record = query.record();
             QStringList columns;
-            QVector<bool> fixa(record.count());
+            QVector<int> tipos(record.count());
             for (int i = 0; i < record.count(); ++i) {
                 columns << record.fieldName(i);
-                fixa[i] = (record.field(i).typeID() & ~1) == SqlTipoChar;   // the low bit flags nullable
+                tipos[i] = record.field(i).typeID() & ~1;   // the low bit flags nullable
             }
             QVector<QVector<QVariant>> rows;
             while (query.next()) {
                 QVector<QVariant> row(record.count());
-                for (int i = 0; i < record.count(); ++i) {
-                    row[i] = query.value(i);
-                    if (fixa[i] && !row[i].isNull())
-                        row[i] = semBrancosAFinal(row[i].toString());
-                }
+                for (int i = 0; i < record.count(); ++i)
+                    row[i] = normalizado(query.value(i), tipos[i]);
                 rows.push_back(std::move(row));
             }
             *result = std::make_unique<TQ>(std::move(columns), std::move(rows));

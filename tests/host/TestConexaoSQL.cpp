@@ -89,6 +89,27 @@ TEST_F(ConexaoSQL, NumericColumnsReachMoneyWithoutDouble)
     EXPECT_THROW(q->FieldByName(QStringLiteral("nao_existe")), std::invalid_argument);
 }
 
+TEST_F(ConexaoSQL, RoundAmountsArriveAsPlainDecimals)
+{
+    ASSERT_EQ(db.exec(QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (1, 'VAREJO')")), QString());
+    const QList<std::pair<QString, qint64>> valores = {
+        {QStringLiteral("1000000"), 10000000000LL}, {QStringLiteral("0.0005"), 5}, {QStringLiteral("20000000"), 200000000000LL},
+        {QStringLiteral("-0.0001"), -1}, {QStringLiteral("1234.5"), 12345000}};
+    int prod = 0;
+    for (const auto &[texto, bruto] : valores)
+        ASSERT_EQ(db.exec(QStringLiteral("insert into prod_preco_atual (empr_cod, tab_preco_cod, prod_cod, preco) "
+                                         "values (1, 1, %1, %2)").arg(++prod).arg(texto)), QString());
+    TConexaoSQL conexao(db.banco());
+    const auto q = conexao.Ab(QStringLiteral("select preco from prod_preco_atual order by prod_cod"));
+    ASSERT_TRUE(q);
+    for (const auto &[texto, bruto] : valores) {
+        ASSERT_FALSE(q->Eof());
+        EXPECT_EQ(q->Fields(0).AsMoney().raw(), bruto) << texto.toStdString();
+        EXPECT_FALSE(q->Fields(0).AsString().contains(QLatin1Char('e'))) << q->Fields(0).AsString().toStdString();
+        q->Next();
+    }
+}
+
 TEST_F(ConexaoSQL, FixedWidthTextComesWithoutItsPadding)
 {
     ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, baixado, serie) "
