@@ -11,6 +11,9 @@
 #include "TNumEditBR.h"
 #include "TProgressForm.h"
 #include "TRepF_KeyDown_F6.h"
+#include "TRepTotais.h"
+#include "TTotaisBar.h"
+#include "TClientManager.h"
 #include "TextosHost.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
@@ -22,6 +25,7 @@
 #include <QDateEdit>
 #include <QFrame>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QSplitter>
@@ -41,6 +45,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
         MensagemErro(QStringLiteral("Erro lendo as tabelas de preço: ") + erro);
     m_conexao.PegarDados(TConexD::Conexao());
     m_repD = new TRepD(m_conexao, this);
+    m_repD->SetTabPrecos(m_tabPrecoList);
     montarTela();
     m_canceladosFiltro->setCurrentIndex(1);
 
@@ -74,6 +79,13 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
 
     connect(&m_repD->Notas(), &TClientDataSet::AfterScroll, this, &TRepF::AposRolarNotas);
+    // One item typed or removed changes the sums; a whole list being loaded is summed once, after.
+    const auto itemMudou = [this] {
+        if (!m_repD->Itens().ControlsDisabled())
+            AtualizarTotais();
+    };
+    connect(&m_repD->Itens(), &TClientDataSet::AfterPost, this, itemMudou);
+    connect(&m_repD->Itens(), &TClientDataSet::AfterDelete, this, itemMudou);
     TRepF_KeyDown_F6::Exec(*this, false);
     AtualizarAcoes();
 }
@@ -163,7 +175,7 @@ void TRepF::ShowTimerTimer()
     // The list takes a good share of the height; the item panel and its grid the rest.
     auto *splitter = static_cast<QSplitter *>(m_painelCentral);
     const int altura = splitter->height();
-    splitter->setSizes({altura * 2 / 5, altura - altura * 2 / 5});
+    splitter->setSizes({altura * 11 / 20, altura - altura * 11 / 20});
     TProgressForm::Fechar();
     setProperty("listaCarregada", true);
     Q_EMIT ListaCarregada();
@@ -181,8 +193,61 @@ void TRepF::AposRolarNotas()
             m_tipoIndiceAnterior = indice;
         }
         TRepF_KeyDown_F6::Exec(*this, false);
+        CarregarItensDaNota();
     }
     AtualizarAcoes();
+}
+
+void TRepF::CarregarItensDaNota()
+{
+    TClientDataSet &notas = m_repD->Notas();
+    const QString chave = notas.IsEmpty() ? QString()
+                                          : notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
+    if (chave == m_itensDe)
+        return;
+    m_itensDe = chave;
+    if (chave.isEmpty())
+        m_repD->Itens().EmptyDataSet();
+    else
+        m_repD->CarregarItens(notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger(),
+                              notas.FieldByName(QStringLiteral("compra_COD")).AsInteger(), m_andamento.get());
+    m_andamento->Fechar();
+    AtualizarTotais();
+}
+
+void TRepF::AtualizarTotais()
+{
+    TRepTotais totais;
+    totais.PegarDoDataSet(m_repD->Itens(), m_ipiSomar);
+    TTotaisBar &barra = *m_totaisBar;
+    barra.SetTotProd(totais.CustoTot);
+    barra.SetDesconto(totais.Desconto);
+    barra.SetICMS(totais.ICMS);
+    barra.SetICMSST(totais.ICMSSub);
+    barra.SetFCP(totais.FCP);
+    barra.SetFCPST(totais.FCPST);
+    barra.SetIPI(totais.IPI);
+    barra.SetOutras(totais.Outras);
+    barra.SetFrete(totais.Frete);
+    barra.SetSeguro(totais.Seguro);
+    barra.SetTot(totais.Total);
+    const int itens = m_repD->Itens().RecordCount();
+    barra.SetNItens(itens);
+    // The items agree with the header when the products match to the cent and the total within
+    // the tolerance of posting; the header is the one being typed, else the list's.
+    Money totProds;
+    Money tot;
+    if (m_edNotaPanel->isVisible()) {
+        totProds = m_edNotaPanel->TotProdNumEditBR()->AsMoney();
+        tot = m_edNotaPanel->TotNumEditBR()->AsMoney();
+    } else if (!m_repD->Notas().IsEmpty()) {
+        totProds = m_repD->Notas().FieldByName(QStringLiteral("TOT_PRODS")).AsMoney();
+        tot = m_repD->Notas().FieldByName(QStringLiteral("TOT")).AsMoney();
+    }
+    if (itens == 0)
+        barra.SetNeutra();
+    else
+        barra.SetConcorda(totais.CustoTotAceito(totProds) && totais.TotalAceito(tot));
 }
 
 // Actions whose work is not there yet stay visible and disabled.
@@ -237,6 +302,8 @@ void TRepF::AbrirEdicaoNota(TDataSetState estado)
     m_notasGrid->hide();
     m_filtros->hide();
     m_edNotaPanel->show();
+    m_itemPanel->show();
+    m_tipoDocLabel->show();
     TRepF_KeyDown_F6::Exec(*this, false);
     m_edNotaPanel->Campos().first()->setFocus();
 }
@@ -249,6 +316,9 @@ void TRepF::NotaInsActExecute()
         const QSignalBlocker bloqueio(TipoDocComboBox());
         m_cabec->ZerarNota();
     }
+    m_repD->Itens().EmptyDataSet();
+    m_itensDe.clear();
+    AtualizarTotais();
     AbrirEdicaoNota(TDataSetState::Insert);
 }
 
@@ -271,7 +341,12 @@ bool TRepF::ConfirmarNota()
     const bool gravou = m_cabecState == TDataSetState::Insert ? m_cabec->NotaConfirmIns() : m_cabec->NotaConfirmAlt();
     if (!gravou)
         return false;
-    CancelarEdicaoNota();
+    // The items go with the note; a failure was shown and what was written stays.
+    TClientDataSet &notas = m_repD->Notas();
+    m_repD->GravarItens(notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger(),
+                        notas.FieldByName(QStringLiteral("compra_COD")).AsInteger());
+    m_itensDe = notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
+    FecharEdicaoNota();
     return true;
 }
 
@@ -285,7 +360,16 @@ void TRepF::ZerarBusca()
 
 void TRepF::CancelarEdicaoNota()
 {
+    // What was typed into the items goes too: they come back from the database.
+    m_itensDe.clear();
+    FecharEdicaoNota();
+}
+
+void TRepF::FecharEdicaoNota()
+{
     m_edNotaPanel->hide();
+    m_itemPanel->hide();
+    m_tipoDocLabel->hide();
     m_filtros->show();
     m_notasGrid->show();
     SetItemState(TDataSetState::Browse);

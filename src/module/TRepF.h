@@ -67,6 +67,12 @@ public:
     const QList<QComboBox *> &GradeCombos() const { return m_gradeCombos; }
     QAction *Acao(const QString &nome) const { return m_acoes.value(nome); }
 
+    // Sums the items of the open note into the totals bar, coloured by whether they agree with
+    // the header.
+    void AtualizarTotais();
+    // The items of the current note of the list, unless they are already on the screen.
+    void CarregarItensDaNota();
+
     void ExibirMenu();
     void EsconderMenu();
     // Runs when the screen is about to close: price rows left without a product go away.
@@ -104,6 +110,7 @@ private:
     void TipoDocComboBoxChange(int indice);
     void AjustarNumeroPorTipo(int indice);
     void AbrirEdicaoNota(TDataSetState estado);
+    void FecharEdicaoNota();
     void AposRolarNotas();
     void AtualizarAcoes();
     void ZerarBusca();
@@ -113,6 +120,7 @@ private:
     TDataSetState m_cabecState = TDataSetState::Inactive;
     TDataSetState m_itemState = TDataSetState::Inactive;
     int m_tipoIndiceAnterior = 0;
+    QString m_itensDe;          // key of the note whose items are on the screen
 
     TConexaoSQL m_conexao;
     TTabPrecoList m_tabPrecoList;

@@ -227,10 +227,16 @@ void TRepF::montarTela()
     m_tipoDocLabel->setFont(negrito);
     inferiorLayout->addWidget(m_tipoDocLabel);
     m_itemPanel = new TItemPanel(inferior);
+    // Items are typed only into a note open for editing; browsing shows the list and its items.
+    m_itemPanel->hide();
+    m_tipoDocLabel->hide();
     inferiorLayout->addWidget(m_itemPanel);
     m_itensGrid = new QTableView(inferior);
     m_itensGrid->setObjectName(QStringLiteral("ItensDBGrid"));
     m_itensGrid->verticalHeader()->hide();
+    m_itensGrid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    m_itensGrid->setAlternatingRowColors(true);
+    m_repD->ClientManager2().Attach(m_itensGrid);
     inferiorLayout->addWidget(m_itensGrid, 1);
     m_totaisBar = new TTotaisBar(inferior);
     inferiorLayout->addWidget(m_totaisBar);

@@ -195,7 +195,7 @@ TEST_F(RepF, F6DoesNothingOnAPostedNoteWhileBrowsing)
     auto tela = abrir();
     ASSERT_TRUE(tela->NotaAtualBaixada());
     const int antes = tela->TipoDocComboBox()->currentIndex();
-    QTest::keyClick(tela->ItemPanel()->BuscaLabeledEdit(), Qt::Key_F6);
+    QTest::keyClick(tela->findChild<QWidget *>(QStringLiteral("NotasDBGrid")), Qt::Key_F6);
     EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), antes);
 }
 
@@ -206,10 +206,10 @@ TEST_F(RepF, F6CyclesAndWrapsWhileInserting)
     tela->SetCabecState(TDataSetState::Insert);
     tela->EdNotaPanel()->show();
     tela->TipoDocComboBox()->setCurrentIndex(5);
-    QTest::keyClick(tela->ItemPanel()->BuscaLabeledEdit(), Qt::Key_F6);
+    QTest::keyClick(tela->findChild<QWidget *>(QStringLiteral("NotasDBGrid")), Qt::Key_F6);
     EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), 6);
     EXPECT_EQ(tela->TipoDocLabel()->text(), QStringLiteral("NOTA COMPLEMENTAR"));
-    QTest::keyClick(tela->ItemPanel()->BuscaLabeledEdit(), Qt::Key_F6);
+    QTest::keyClick(tela->findChild<QWidget *>(QStringLiteral("NotasDBGrid")), Qt::Key_F6);
     EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), 0);
     EXPECT_EQ(tela->TipoDocLabel()->text(), QStringLiteral("ENTRADA"));
 }
@@ -280,7 +280,7 @@ TEST_F(RepF, EscapeWithTheNotePanelOpenAsksBeforeCancelling)
 TEST_F(RepF, EnterMovesTheFocusLikeTab)
 {
     auto tela = abrir();
-    QWidget *busca = tela->ItemPanel()->BuscaLabeledEdit();
+    QWidget *busca = tela->findChild<QWidget *>(QStringLiteral("NDocPosNumEditBR"));
     busca->setFocus();
     ASSERT_TRUE(busca->hasFocus());
     QTest::keyClick(busca, Qt::Key_Return);
