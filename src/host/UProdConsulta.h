@@ -1,0 +1,33 @@
+#pragma once
+
+#include "Money.h"
+
+#include <QDate>
+#include <QString>
+
+class TConexaoSQL;
+
+// The host's product look-ups used while an item is typed. Each sends one statement on the
+// connection it is given; a failed statement reads as "nothing found", with the driver's text
+// left in the connection's UltimoErro().
+
+// The product a supplier's own code stands for: the code is trimmed and, when it is all digits,
+// its leading zeros are dropped (StrToIntStr), so "007" finds "7". A code registered for that
+// supplier wins over one registered for every supplier (fornec_cod 0). 0 when none; an empty
+// code sends nothing.
+int FornecProdCod(TConexaoSQL &conexao, int fornecCod, const QString &prodCodDeles);
+
+// Units in one package of the product, as registered; 0 when the product or the value is missing,
+// so that the package check asks for it.
+double ProdCodToEmbQtd(TConexaoSQL &conexao, int prodCod);
+
+// The product's current sale price in price table 1 for the company; 0 when it has none.
+Money PrecoProd(TConexaoSQL &conexao, int prodCod, int emprCod);
+
+class TProdPromo_PrecoPromoDBI final
+{
+public:
+    // The promotion price of the product valid on `dia` (dt_ini <= dia <= dt_fim, an open end
+    // when dt_fim is empty); of overlapping promotions, the one that started last. 0 when none.
+    static Money GetPrecoPromo(TConexaoSQL &conexao, int prodCod, int emprCod, const QDate &dia);
+};
