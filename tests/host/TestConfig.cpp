@@ -22,9 +22,10 @@ TEST_P(ConfigFlags, FollowTheTrimmedValue)
     TestDatabase db(TestDatabase::Conteudo::SoEsquema);
     ASSERT_TRUE(db.ok()) << db.erro().toStdString();
     const FlagCase c = GetParam();
-    if (c.valor)
+    if (c.valor) {
         ASSERT_EQ(db.exec(QStringLiteral("insert into config (chave, valor) values ('CHAVE_TESTE', '%1')")
                               .arg(QString::fromUtf8(c.valor))), QString());
+    }
     ASSERT_EQ(db.valor(QStringLiteral("select count(*) from config")), c.valor ? QStringLiteral("1") : QStringLiteral("0"));
 
     EXPECT_EQ(Config::LigadoSalvoN(db.conexao(), QStringLiteral("CHAVE_TESTE")), c.salvoN);
