@@ -7,6 +7,7 @@
 #include "TCabecNota.h"
 #include "TConexD.h"
 #include "TEdNotaPanel.h"
+#include "TItemNota.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"
 #include "TProgressForm.h"
@@ -75,6 +76,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     PreencherTrib();
     criarPrecoEdits();
     criarGradeCombos();
+    CriarItemNota();
     pegarProcsImpressora();
     m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
 
@@ -350,14 +352,6 @@ bool TRepF::ConfirmarNota()
     return true;
 }
 
-void TRepF::ZerarBusca()
-{
-    m_itemPanel->BuscaLabeledEdit()->clear();
-    m_itemPanel->ProdCodDelesLabeledEdit()->clear();
-    m_itemPanel->ProdDescrLabeledEdit()->clear();
-    m_itemPanel->ProdCodNumEditBR()->SetValue(0);
-}
-
 void TRepF::CancelarEdicaoNota()
 {
     // What was typed into the items goes too: they come back from the database.
@@ -380,13 +374,17 @@ void TRepF::FecharEdicaoNota()
 bool TRepF::FormKeyPress(QKeyEvent *event)
 {
     if (event->key() == Qt::Key_Escape) {
+        const TItemNota::TEscape escape(*m_itemNota);
         QWidget *prodPanel = m_itemPanel->ProdPanel();
         if (prodPanel->isVisible()) {
             prodPanel->hide();
             return true;
         }
         if (!m_itemPanel->BuscaLabeledEdit()->text().isEmpty()) {
-            ZerarBusca();
+            // The item being typed is abandoned.
+            m_itemNota->Zerar();
+            m_itemNota->ZerarProd();
+            m_itemNota->ZerarItem();
             return true;
         }
         if (m_edNotaPanel->isVisible()

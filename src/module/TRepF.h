@@ -3,6 +3,7 @@
 #include "TChildMDIBasF.h"
 #include "TClientDataSet.h"
 #include "TConexaoSQL.h"
+#include "TItemNotaTela.h"
 #include "TRepD.h"
 #include "TTabPrecoList.h"
 
@@ -24,13 +25,14 @@ class QToolButton;
 class TAndamento;
 class TCabecNota;
 class TEdNotaPanel;
+class TItemNota;
 class TItemPanel;
 class TNumEditBR;
 class TTotaisBar;
 
 // The manual-notes screen: the note list with its filters, the note header panel, the item
 // panel with its grid and totals, and the actions on the current note.
-class TRepF final : public TChildMDIBasF
+class TRepF final : public TChildMDIBasF, public TItemNotaTela
 {
     Q_OBJECT
 public:
@@ -39,19 +41,19 @@ public:
 
     static QString Nome() { return QStringLiteral("Pavrel"); }
 
-    TDataSetState CabecState() const { return m_cabecState; }
-    TDataSetState ItemState() const { return m_itemState; }
+    TDataSetState CabecState() const override { return m_cabecState; }
+    TDataSetState ItemState() const override { return m_itemState; }
     void SetCabecState(TDataSetState estado);
-    void SetItemState(TDataSetState estado);
+    void SetItemState(TDataSetState estado) override;
     QString TextoCaption() const;
 
     // The type of the note on the screen: the combo while the header panel is shown,
     // otherwise the current list row.
-    int TipoDocSelecionado() const;
-    bool NotaAtualBaixada() const;
+    int TipoDocSelecionado() const override;
+    bool NotaAtualBaixada() const override;
 
-    bool ProducCustoExige() const { return m_producCustoExige; }
-    bool IPISomar() const { return m_ipiSomar; }
+    bool ProducCustoExige() const override { return m_producCustoExige; }
+    bool IPISomar() const override { return m_ipiSomar; }
 
     // The list filter as the controls set it.
     TFiltroNotas FiltroDosControles() const;
@@ -63,8 +65,8 @@ public:
     TAndamento &Andamento() { return *m_andamento; }
     QComboBox *TipoDocComboBox() const;
     QLabel *TipoDocLabel() const { return m_tipoDocLabel; }
-    const QList<TNumEditBR *> &PrecoEdits() const { return m_precoEdits; }
-    const QList<QComboBox *> &GradeCombos() const { return m_gradeCombos; }
+    const QList<TNumEditBR *> &PrecoEdits() const override { return m_precoEdits; }
+    const QList<QComboBox *> &GradeCombos() const override { return m_gradeCombos; }
     QAction *Acao(const QString &nome) const { return m_acoes.value(nome); }
 
     // Sums the items of the open note into the totals bar, coloured by whether they agree with
@@ -84,6 +86,21 @@ public:
     bool ConfirmarNota();
     // Leaves the header editing without saving.
     void CancelarEdicaoNota();
+
+    // Item entry (TRepF_Itens.cpp): the item panel's controller and what it asks of the screen.
+    TItemNota &ItemNota() { return *m_itemNota; }
+    bool EntraItemAceito() override;
+    bool TotProdAceito() override;
+    bool CabecParaItemAceito() override;
+    int FornecCodSelecionado() const override;
+    int NotaEmprCod() const override;
+    int NotaEstacaoCod() const override;
+    const TTabPrecoList &TabPrecos() const override { return m_tabPrecoList; }
+    bool NotaPanelVisivel() const override;
+    QAbstractButton *NotaOkButton() const override;
+    QAbstractButton *NotaCancButton() const override;
+    QAbstractItemView *ItensGrid() const override;
+    TClientDataSet &ItensNota() override;
 
 Q_SIGNALS:
     // The note list has been loaded for the first time (hosts that take pictures wait for it).
@@ -113,7 +130,9 @@ private:
     void FecharEdicaoNota();
     void AposRolarNotas();
     void AtualizarAcoes();
-    void ZerarBusca();
+    void CriarItemNota();
+    // Opens a register behind an item field, then refreshes the list that shows it.
+    void AbrirCadastro(const QString &form, const QString &acao);
 
     bool m_producCustoExige = true;
     bool m_ipiSomar = true;
@@ -155,6 +174,8 @@ private:
     QFrame *m_andamentoPanel = nullptr;
     QProgressBar *m_andamentoGauge = nullptr;
     QLabel *m_andamentoLabel = nullptr;
+    // Last, so that it goes first: its field events must not outlive the screen's parts.
+    std::unique_ptr<TItemNota> m_itemNota;
 
     friend class TRepF_KeyDown_F6;
 };

@@ -1,0 +1,305 @@
+#include "TCadastroF.h"
+
+#include "Dialogos.h"
+#include "FiltroTeclas.h"
+#include "TClientDataSet.h"
+#include "TClientManager.h"
+#include "TConexaoSQL.h"
+#include "TNumEditBR.h"
+#include "Valores.h"
+
+#include <QComboBox>
+#include <QFormLayout>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QVBoxLayout>
+
+namespace {
+
+using T = TTipoColunaCadastro;
+
+TFieldType TipoDoCampo(T tipo)
+{
+    switch (tipo) {
+    case T::Codigo:
+    case T::Lista: return TFieldType::Integer;
+    case T::Valor: return TFieldType::Money;
+    case T::Quantidade: return TFieldType::Float;
+    case T::Texto: break;
+    }
+    return TFieldType::String;
+}
+
+const QString SufixoTexto = QStringLiteral("_texto");
+
+QString FormatoDe(T tipo)
+{
+    switch (tipo) {
+    case T::Valor: return QStringLiteral("#,###,##0.00");
+    case T::Quantidade: return QStringLiteral("#,###,##0.000");
+    default: return {};
+    }
+}
+
+bool Numerico(T tipo)
+{
+    return tipo == T::Codigo || tipo == T::Valor || tipo == T::Quantidade;
+}
+
+} // namespace
+
+TCadastroF::TCadastroF(TDefCadastro def, TConexaoSQL &conexao, QWidget *parent)
+    : QDialog(parent), m_def(std::move(def)), m_conexao(conexao), m_linhas(new TClientDataSet(this)), m_manager(nullptr)
+{
+    setObjectName(m_def.form);
+    setWindowTitle(m_def.titulo);
+    for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
+        // A code chosen from a list is shown by its text.
+        const bool lista = c.tipo == T::Lista;
+        m_linhas->AddField(c.nome, TipoDoCampo(c.tipo), c.titulo, FormatoDe(c.tipo), !lista,
+                           c.tipo == T::Texto ? std::min(c.tamanho, 40) : 0);
+        if (lista)
+            m_linhas->AddField(c.nome + SufixoTexto, TFieldType::String, c.titulo, {}, true, 16);
+    }
+    m_linhas->Open();
+    m_manager = new TClientManager(m_linhas, this);
+    montar();
+    connect(m_linhas, &TClientDataSet::AfterScroll, this, &TCadastroF::linhaParaCampos);
+    Carregar();
+}
+
+TCadastroF::~TCadastroF() = default;
+
+void TCadastroF::montar()
+{
+    auto *layout = new QVBoxLayout(this);
+    m_grade = new QTableView(this);
+    m_grade->setObjectName(QStringLiteral("CadastroDBGrid"));
+    m_grade->verticalHeader()->hide();
+    m_grade->setAlternatingRowColors(true);
+    m_grade->horizontalHeader()->setStretchLastSection(true);
+    m_manager->Attach(m_grade);
+    layout->addWidget(m_grade, 1);
+
+    auto *form = new QFormLayout;
+    for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
+        QWidget *campo = nullptr;
+        if (Numerico(c.tipo)) {
+            auto *num = new TNumEditBR(this);
+            num->SetDecimals(c.tipo == T::Codigo ? 0 : c.tipo == T::Quantidade ? 3 : c.tamanho);
+            num->setMaximumWidth(140);
+            campo = num;
+        } else if (c.tipo == T::Lista) {
+            auto *combo = new QComboBox(this);
+            if (const auto q = m_conexao.Ab(c.lista)) {
+                for (q->First(); !q->Eof(); q->Next())
+                    combo->addItem(q->Fields(1).AsString().trimmed(), q->Fields(0).AsInteger());
+            } else {
+                MensagemErro(QStringLiteral("Erro lendo a lista de ") + c.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
+            }
+            combo->setCurrentIndex(-1);
+            campo = combo;
+        } else {
+            auto *texto = new QLineEdit(this);
+            if (c.tamanho > 0)
+                texto->setMaxLength(c.tamanho);
+            if (c.nome.compare(QLatin1String("ncm"), Qt::CaseInsensitive) == 0
+                || c.nome.compare(QLatin1String("gtin"), Qt::CaseInsensitive) == 0)
+                FiltroTeclas::AplicarDigitos(texto, c.tamanho);
+            campo = texto;
+        }
+        campo->setObjectName(QStringLiteral("Campo_") + c.nome);
+        form->addRow(c.titulo, campo);
+        m_campos << campo;
+    }
+    layout->addLayout(form);
+
+    auto *botoes = new QHBoxLayout;
+    m_novo = new QPushButton(QStringLiteral("Novo"), this);
+    m_novo->setObjectName(QStringLiteral("NovoButton"));
+    m_gravar = new QPushButton(QStringLiteral("Gravar"), this);
+    m_gravar->setObjectName(QStringLiteral("GravarButton"));
+    m_excluir = new QPushButton(QStringLiteral("Excluir"), this);
+    m_excluir->setObjectName(QStringLiteral("ExcluirButton"));
+    auto *fechar = new QPushButton(QStringLiteral("Fechar"), this);
+    fechar->setObjectName(QStringLiteral("FecharButton"));
+    for (QPushButton *b : {m_novo, m_gravar, m_excluir, fechar})
+        b->setAutoDefault(false);
+    botoes->addWidget(m_novo);
+    botoes->addWidget(m_gravar);
+    botoes->addWidget(m_excluir);
+    botoes->addStretch();
+    botoes->addWidget(fechar);
+    layout->addLayout(botoes);
+    connect(m_novo, &QPushButton::clicked, this, &TCadastroF::Novo);
+    connect(m_gravar, &QPushButton::clicked, this, &TCadastroF::Gravar);
+    connect(m_excluir, &QPushButton::clicked, this, &TCadastroF::Excluir);
+    connect(fechar, &QPushButton::clicked, this, &QDialog::accept);
+    resize(680, 520);
+}
+
+QWidget *TCadastroF::Campo(const QString &coluna) const
+{
+    return findChild<QWidget *>(QStringLiteral("Campo_") + coluna);
+}
+
+QString TCadastroF::SqlSelect(const TDefCadastro &def)
+{
+    QStringList nomes;
+    for (const TColunaCadastro &c : def.colunas)
+        nomes << c.nome;
+    return QLatin1String("select ") + nomes.join(QLatin1String(", ")) + QLatin1String(" from ") + def.tabela
+           + QLatin1String(" order by ") + def.colunas.first().nome;
+}
+
+bool TCadastroF::Carregar(int codigo)
+{
+    const auto q = m_conexao.Ab(SqlSelect(m_def));
+    if (!q) {
+        MensagemErro(QStringLiteral("Erro lendo ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
+        return false;
+    }
+    m_linhas->DisableControls();
+    m_linhas->EmptyDataSet();
+    for (q->First(); !q->Eof(); q->Next()) {
+        m_linhas->Append();
+        for (int i = 0; i < int(m_def.colunas.size()); ++i) {
+            const TColunaCadastro &c = m_def.colunas.at(i);
+            TField &f = m_linhas->FieldByName(c.nome);
+            if (f.DataType() == TFieldType::Money)
+                f.SetAsMoney(q->Fields(i).AsMoney());
+            else
+                f.SetValue(q->Fields(i).IsNull() ? QVariant() : QVariant(q->Fields(i).AsString().trimmed()));
+            if (c.tipo == T::Lista && !f.IsNull()) {
+                const auto *combo = qobject_cast<QComboBox *>(Campo(c.nome));
+                m_linhas->FieldByName(c.nome + SufixoTexto).SetAsString(combo->itemText(combo->findData(f.AsInteger())));
+            }
+        }
+        m_linhas->Post();
+    }
+    if (codigo == 0 || !m_linhas->Locate(m_def.colunas.first().nome, codigo))
+        m_linhas->First();
+    m_linhas->EnableControls();
+    linhaParaCampos();
+    return true;
+}
+
+void TCadastroF::linhaParaCampos()
+{
+    const bool vazio = m_linhas->IsEmpty();
+    for (qsizetype i = 0; i < m_campos.size(); ++i) {
+        const TField &f = m_linhas->FieldByName(m_def.colunas.at(i).nome);
+        QWidget *campo = m_campos.at(i);
+        if (auto *num = qobject_cast<TNumEditBR *>(campo))
+            num->SetMoney(vazio ? Money() : f.AsMoney());
+        else if (auto *combo = qobject_cast<QComboBox *>(campo))
+            combo->setCurrentIndex(vazio || f.IsNull() ? -1 : combo->findData(f.AsInteger()));
+        else if (auto *texto = qobject_cast<QLineEdit *>(campo))
+            texto->setText(vazio ? QString() : f.AsString());
+    }
+    // The code of a stored row is its key; only a new row takes a code.
+    if (auto *codigo = qobject_cast<TNumEditBR *>(m_campos.first()))
+        codigo->SetReadOnlyLook(!vazio);
+    m_excluir->setEnabled(!vazio);
+}
+
+void TCadastroF::Novo()
+{
+    const QString chave = m_def.colunas.first().nome;
+    const int proximo = m_conexao.ValorInt(QLatin1String("select coalesce(max(") + chave + QLatin1String("), 0) + 1 from ")
+                                           + m_def.tabela);
+    for (QWidget *campo : std::as_const(m_campos)) {
+        if (auto *num = qobject_cast<TNumEditBR *>(campo))
+            num->SetValue(0);
+        else if (auto *combo = qobject_cast<QComboBox *>(campo))
+            combo->setCurrentIndex(-1);
+        else if (auto *texto = qobject_cast<QLineEdit *>(campo))
+            texto->clear();
+    }
+    auto *codigo = qobject_cast<TNumEditBR *>(m_campos.first());
+    codigo->SetReadOnlyLook(false);
+    codigo->SetValue(proximo);
+    m_campos.value(1, codigo)->setFocus();
+}
+
+int TCadastroF::codigoDosCampos() const
+{
+    return int(qobject_cast<TNumEditBR *>(m_campos.first())->Value());
+}
+
+QString TCadastroF::valorSql(const TColunaCadastro &coluna) const
+{
+    QWidget *campo = Campo(coluna.nome);
+    if (auto *num = qobject_cast<TNumEditBR *>(campo))
+        return coluna.tipo == T::Codigo ? QString::number(int(num->Value())) : FloatToStrPonto(num->AsMoney());
+    if (auto *combo = qobject_cast<QComboBox *>(campo))
+        return combo->currentIndex() < 0 ? QStringLiteral("NULL") : QString::number(combo->currentData().toInt());
+    const QString texto = qobject_cast<QLineEdit *>(campo)->text().trimmed();
+    return texto.isEmpty() ? QStringLiteral("NULL") : QuotedStr(texto);
+}
+
+bool TCadastroF::Gravar()
+{
+    for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
+        const QString valor = valorSql(c);
+        if (c.obrigatoria && (valor == QLatin1String("NULL") || valor == QLatin1String("0"))) {
+            MensagemErro(QStringLiteral("O campo ") + c.titulo + QStringLiteral(" é obrigatório"));
+            Campo(c.nome)->setFocus();
+            return false;
+        }
+    }
+    const TColunaCadastro &chave = m_def.colunas.first();
+    const int codigo = codigoDosCampos();
+    const bool novo = !qobject_cast<TNumEditBR *>(m_campos.first())->ReadOnlyLook();
+    if (novo && m_linhas->Locate(chave.nome, codigo)) {
+        MensagemErro(QStringLiteral("Já existe um registro com o código %1").arg(codigo));
+        Campo(chave.nome)->setFocus();
+        return false;
+    }
+    QStringList sql;
+    if (novo) {
+        QStringList nomes;
+        QStringList valores;
+        for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
+            nomes << c.nome;
+            valores << valorSql(c);
+        }
+        sql << QLatin1String("insert into ") + m_def.tabela + QLatin1String(" (") + nomes.join(QLatin1String(", "))
+                   + QLatin1String(") values (") + valores.join(QLatin1String(", ")) + QLatin1Char(')');
+        if (m_def.aoInserir)
+            sql << m_def.aoInserir(codigo);
+    } else {
+        QStringList atribuicoes;
+        for (qsizetype i = 1; i < m_def.colunas.size(); ++i)
+            atribuicoes << m_def.colunas.at(i).nome + QLatin1Char('=') + valorSql(m_def.colunas.at(i));
+        sql << QLatin1String("update ") + m_def.tabela + QLatin1String(" set ") + atribuicoes.join(QLatin1String(", "))
+                   + QLatin1String(" where ") + chave.nome + QLatin1Char('=') + QString::number(codigo);
+    }
+    for (const QString &s : std::as_const(sql)) {
+        if (!m_conexao.Exec(s)) {
+            MensagemErro(QStringLiteral("Erro gravando ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
+            Carregar(codigo);
+            return false;
+        }
+        m_alterado = true;
+    }
+    return Carregar(codigo);
+}
+
+bool TCadastroF::Excluir()
+{
+    if (m_linhas->IsEmpty() || !PerguntaDeletar())
+        return false;
+    const TColunaCadastro &chave = m_def.colunas.first();
+    const int codigo = m_linhas->FieldByName(chave.nome).AsInteger();
+    if (!m_conexao.Exec(QLatin1String("delete from ") + m_def.tabela + QLatin1String(" where ") + chave.nome
+                        + QLatin1Char('=') + QString::number(codigo))) {
+        MensagemErro(QStringLiteral("Erro excluindo de ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
+        return false;
+    }
+    m_alterado = true;
+    return Carregar();
+}

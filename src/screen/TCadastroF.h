@@ -1,0 +1,107 @@
+#pragma once
+
+#include <QDialog>
+#include <QList>
+#include <QString>
+
+#include <memory>
+
+class QLabel;
+class QPushButton;
+class QTableView;
+class TClientDataSet;
+class TClientManager;
+class TConexaoSQL;
+
+// How a column of a register is typed and spliced into SQL.
+enum class TTipoColunaCadastro {
+    Codigo,     // integer
+    Texto,      // quoted text, empty is NULL
+    Valor,      // decimal number (money, rates)
+    Quantidade, // decimal number with 3 places
+    Lista,      // integer code chosen from a list (`lista` gives "select code, text ...")
+};
+
+struct TColunaCadastro
+{
+    QString nome;           // column of the table
+    QString titulo;         // caption in the grid and beside the field
+    TTipoColunaCadastro tipo = TTipoColunaCadastro::Texto;
+    int tamanho = 0;        // characters of a text; decimals of a value
+    bool obrigatoria = false;
+    QString lista;          // for Lista: the statement that fills the choice
+};
+
+// One register table: its key (the first column, an integer code) and its columns.
+struct TDefCadastro
+{
+    QString form;           // host form name, e.g. "UnidF"
+    QString acao;           // host action name, e.g. "EstoqUnidAct"
+    QString titulo;         // window title
+    QString tabela;
+    QList<TColunaCadastro> colunas;
+    // Run after a new row is inserted, given the new code; may add rows of other tables.
+    QStringList (*aoInserir)(int codigo) = nullptr;
+};
+
+// A small register editor: a grid over the table, and below it one field per column with
+// "Novo", "Gravar" and "Excluir". Every statement splices its values through the value
+// functions; a database failure is shown with the driver's text and changes nothing on screen.
+class TCadastroF final : public QDialog
+{
+    Q_OBJECT
+public:
+    TCadastroF(TDefCadastro def, TConexaoSQL &conexao, QWidget *parent = nullptr);
+    ~TCadastroF() override;
+
+    const TDefCadastro &Def() const { return m_def; }
+    TClientDataSet &Linhas() { return *m_linhas; }
+    // The field of a column, by column name (objectName "Campo_<column>").
+    QWidget *Campo(const QString &coluna) const;
+    QPushButton *NovoButton() const { return m_novo; }
+    QPushButton *GravarButton() const { return m_gravar; }
+    QPushButton *ExcluirButton() const { return m_excluir; }
+
+    // Reads the table again, keeping the cursor on `codigo` when given.
+    bool Carregar(int codigo = 0);
+    // Empty fields with the next free code.
+    void Novo();
+    // Inserts or updates the row of the fields; false when refused or when the database failed.
+    bool Gravar();
+    // Deletes the current row after the delete question.
+    bool Excluir();
+    // Whether anything was written since the dialog opened.
+    bool Alterado() const { return m_alterado; }
+
+    static QString SqlSelect(const TDefCadastro &def);
+
+private:
+    void montar();
+    void linhaParaCampos();
+    QString valorSql(const TColunaCadastro &coluna) const;
+    int codigoDosCampos() const;
+
+    TDefCadastro m_def;
+    TConexaoSQL &m_conexao;
+    TClientDataSet *m_linhas;
+    TClientManager *m_manager;
+    QTableView *m_grade = nullptr;
+    QList<QWidget *> m_campos;
+    QPushButton *m_novo = nullptr;
+    QPushButton *m_gravar = nullptr;
+    QPushButton *m_excluir = nullptr;
+    bool m_alterado = false;
+};
+
+namespace Cadastros {
+
+// The registers the item panel opens: "ProdF"/"TabProdAct" (products), "UnidF"/"EstoqUnidAct"
+// (units) and "TribF"/"TabFiscoTributAct" (tax situations). Null for other names.
+const TDefCadastro *Definicao(const QString &form, const QString &acao);
+// The editor of a register, not shown; null for names it does not know.
+std::unique_ptr<TCadastroF> Criar(const QString &form, const QString &acao, TConexaoSQL &conexao,
+                                  QWidget *parent = nullptr);
+// Opens the editor as a modal dialog; true when something was written in it.
+bool Abrir(const QString &form, const QString &acao, TConexaoSQL &conexao, QWidget *parent = nullptr);
+
+} // namespace Cadastros

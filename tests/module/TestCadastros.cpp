@@ -1,0 +1,116 @@
+// The registers behind the item panel's buttons.
+#include "ItemEntradaTeste.h"
+#include "TCadastroF.h"
+
+#include <QPushButton>
+#include <QTimer>
+#include <QToolButton>
+
+#include <functional>
+
+namespace {
+
+// Runs `passos` on the register dialog once it is open and modal, then closes it.
+void NoDialogo(std::function<void(TCadastroF &)> passos)
+{
+    auto *espera = new QTimer;
+    espera->setInterval(10);
+    int tentativas = 0;
+    QObject::connect(espera, &QTimer::timeout, [espera, passos, tentativas]() mutable {
+        auto *dialogo = qobject_cast<TCadastroF *>(QApplication::activeModalWidget());
+        if (!dialogo && ++tentativas < 300)
+            return;
+        espera->stop();
+        espera->deleteLater();
+        if (!dialogo) {
+            ADD_FAILURE() << "the register did not open";
+            return;
+        }
+        passos(*dialogo);
+        dialogo->accept();
+    });
+    espera->start();
+}
+
+void Digitar(TCadastroF &f, const char *coluna, const QString &texto)
+{
+    auto *campo = qobject_cast<QLineEdit *>(f.Campo(QLatin1String(coluna)));
+    ASSERT_TRUE(campo) << coluna;
+    campo->setFocus();
+    campo->selectAll();
+    QTest::keyClicks(campo, texto);
+}
+
+TEST_F(ItemEntrada, AUnitAddedInItsRegisterIsOfferedForTheItem)
+{
+    abrir();
+    novaNota();
+    buscar(QStringLiteral("2"));
+    ASSERT_EQ(p->UnidComboBox()->currentText(), QStringLiteral("CX"));
+    ASSERT_EQ(p->UnidComboBox()->findText(QStringLiteral("PC")), -1);
+    NoDialogo([](TCadastroF &f) {
+        EXPECT_EQ(f.objectName(), QStringLiteral("UnidF"));
+        QTest::mouseClick(f.NovoButton(), Qt::LeftButton);
+        EXPECT_EQ(qobject_cast<TNumEditBR *>(f.Campo(QStringLiteral("unid_cod")))->Value(), 3.0);
+        Digitar(f, "sigla", QStringLiteral("PC"));
+        Digitar(f, "descr", QStringLiteral("PACOTE D'AGUA"));
+        QTest::mouseClick(f.GravarButton(), Qt::LeftButton);
+    });
+    QTest::mouseClick(p->UnidButton(), Qt::LeftButton);
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(db.valor(QStringLiteral("select sigla || '|' || descr from unid where unid_cod=3")), QStringLiteral("PC|PACOTE D'AGUA"));
+    EXPECT_GE(p->UnidComboBox()->findText(QStringLiteral("PC")), 0);
+    // The item keeps the unit it had.
+    EXPECT_EQ(p->UnidComboBox()->currentText(), QStringLiteral("CX"));
+}
+
+TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
+{
+    {
+        const auto f = Cadastros::Criar(QStringLiteral("ProdF"), QStringLiteral("TabProdAct"), db.conexao());
+        ASSERT_TRUE(f);
+        ASSERT_EQ(f->Linhas().RecordCount(), 3);
+        f->Novo();
+        // A product needs its description.
+        f->Gravar();
+        EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("O campo Descrição é obrigatório"));
+        EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod")), QStringLiteral("3"));
+        dialogos.Limpar();
+        Digitar(*f, "descr", QStringLiteral("PRODUTO NOVO"));
+        qobject_cast<QComboBox *>(f->Campo(QStringLiteral("unid_cod")))->setCurrentIndex(1);
+        qobject_cast<QComboBox *>(f->Campo(QStringLiteral("trib_cod")))->setCurrentIndex(0);
+        Digitar(*f, "emb_qtd", QStringLiteral("6"));
+        Digitar(*f, "gtin", QStringLiteral("7890000000048"));
+        Digitar(*f, "ncm", QStringLiteral("2106.90.90"));
+        ASSERT_TRUE(f->Gravar());
+        EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+        EXPECT_EQ(f->Linhas().RecordCount(), 4);
+    }
+    EXPECT_EQ(db.valor(QStringLiteral("select descr || '|' || emb_qtd || '|' || ncm from prod where prod_cod=4")),
+              QStringLiteral("PRODUTO NOVO|6.0000|21069090"));
+
+    abrir();
+    novaNota(0, QStringLiteral("12"));
+    buscar(QStringLiteral("7890000000048"));
+    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 4.0);
+    EXPECT_EQ(p->EmbQtdNumEditBR()->text(), QStringLiteral("6,000"));
+    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("12"));
+    completar();
+    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
+    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
+    tester.reset();
+    tela.reset();
+    abrir();
+    ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
+    ASSERT_EQ(itens().RecordCount(), 1);
+    EXPECT_EQ(itens().FieldByName(QStringLiteral("prod_DESCR")).AsString(), QStringLiteral("PRODUTO NOVO"));
+}
+
+TEST(Cadastros, OnlyTheRegistersOfTheItemPanelAreKnown)
+{
+    EXPECT_TRUE(Cadastros::Definicao(QStringLiteral("TribF"), QStringLiteral("TabFiscoTributAct")));
+    EXPECT_FALSE(Cadastros::Definicao(QStringLiteral("TribF"), QStringLiteral("EstoqUnidAct")));
+    EXPECT_FALSE(Cadastros::Definicao(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct")));
+}
+
+} // namespace
