@@ -16,6 +16,7 @@ CREATE GENERATOR est_mov_g;
 CREATE GENERATOR est_mov_compo_g;
 CREATE GENERATOR prod_custo_g;
 CREATE GENERATOR prod_preco_g;
+CREATE GENERATOR prod_custo_env_g;
 CREATE GENERATOR log_alt_g;
 CREATE GENERATOR nfe_corr_g;
 
@@ -232,6 +233,21 @@ CREATE TABLE prod_custo (
   CONSTRAINT prod_custo_pk PRIMARY KEY (prod_custo_cod)
 );
 CREATE INDEX prod_custo_prod ON prod_custo (empr_cod, prod_cod, dt);
+
+-- Changed costs waiting to be picked up by the other screens and the stores:
+-- one row per product each time posting changes its cost, with the general
+-- cost it then had and the session that changed it.
+CREATE TABLE prod_custo_env (
+  prod_custo_env_cod  INTEGER NOT NULL,    -- from prod_custo_env_g
+  empr_cod            INTEGER,
+  prod_cod            INTEGER,
+  custo               NUMERIC(18,4) DEFAULT 0,
+  sessao              VARCHAR(120),
+  dth_cri             TIMESTAMP DEFAULT CURRENT_TIMESTAMP,
+  enviado             CHAR(1) DEFAULT 'N',
+  CONSTRAINT prod_custo_env_pk PRIMARY KEY (prod_custo_env_cod)
+);
+CREATE INDEX prod_custo_env_prod ON prod_custo_env (prod_cod, dth_cri);
 
 -- Current sale price per company, price table and product.
 CREATE TABLE prod_preco_atual (
@@ -462,6 +478,21 @@ CREATE TABLE compra_est_mov (
 CREATE INDEX compra_est_mov_mov ON compra_est_mov (est_mov_empr_cod, est_mov_estacao_cod, est_mov_cod);
 CREATE INDEX compra_est_mov_compra_cod ON compra_est_mov (compra_cod);
 
+-- Entries that sending a posted note made in the stock of its destination
+-- company, each with the movement of the note it copies.  Unposting the note
+-- takes them back too.
+CREATE TABLE compra_est_mov_env (
+  empr_cod             INTEGER NOT NULL,
+  estacao_cod          INTEGER NOT NULL,
+  compra_cod           INTEGER NOT NULL,
+  est_mov_empr_cod     INTEGER NOT NULL,
+  est_mov_estacao_cod  INTEGER NOT NULL,
+  est_mov_cod          INTEGER NOT NULL,
+  orig_est_mov_cod     INTEGER,
+  CONSTRAINT compra_est_mov_env_pk PRIMARY KEY (est_mov_empr_cod, est_mov_estacao_cod, est_mov_cod)
+);
+CREATE INDEX compra_est_mov_env_nota ON compra_est_mov_env (empr_cod, compra_cod);
+
 -- Correction letters (CC-e) issued for the NF-e of a note.
 CREATE TABLE nfe_corr (
   empr_cod       INTEGER NOT NULL,
@@ -606,3 +637,10 @@ CREATE TABLE est_mov_compo (
   CONSTRAINT est_mov_compo_pk PRIMARY KEY (empr_cod, est_mov_cod, est_mov_compo_cod)
 );
 CREATE INDEX est_mov_compo_filho ON est_mov_compo (prod_cod_filho);
+-- unposting finds the inputs by movement alone
+CREATE INDEX est_mov_compo_mov ON est_mov_compo (est_mov_cod);
+
+-- Stock on hand per company and product: entries (tipo E) and exits (tipo S,
+-- stored negative) summed; cancelled movements and complementary notes
+-- (tipo C, no goods move) left out.
+CREATE VIEW est_saldo (empr_cod, prod_cod, qtd) AS SELECT empr_cod, prod_cod, SUM(qtd) FROM est_mov WHERE COALESCE(cancelado, 'N') <> 'S' AND tipo IN ('E', 'S') GROUP BY empr_cod, prod_cod;

@@ -1,0 +1,304 @@
+#include "TBaixaNota.h"
+
+#include "Contexto.h"
+#include "Debug.h"
+#include "Dialogos.h"
+#include "ErroBanco.h"
+#include "TClientDataSet.h"
+#include "TConexD.h"
+#include "TConexaoSQL.h"
+#include "TEstMovCompo_DBI.h"
+#include "TProgressForm.h"
+#include "UProduto.h"
+#include "UTipoDoc.h"
+#include "Valores.h"
+
+#include <QScopeGuard>
+#include <QStringList>
+
+#include <vector>
+
+namespace {
+
+QString Int(qint64 v) { return QString::number(v); }
+
+// The company whose cost and price registers posting writes.
+constexpr int EmprCustosPrecos = 1;
+constexpr int PassoProgresso = 10;
+
+// Column positions of the item query, found once for all rows.
+class TColunasItem final
+{
+public:
+    explicit TColunasItem(const TQ &q)
+        : m_item(indice(q, "compra_item_tmp_cod")), m_prod(indice(q, "prod_cod")), m_embQtd(indice(q, "emb_qtd")),
+          m_qtdEmbs(indice(q, "qtd_embs")), m_custoTot(indice(q, "custo_tot")), m_desconto(indice(q, "desconto")),
+          m_cfop(indice(q, "cfop")), m_infoAdic(indice(q, "info_adic"))
+    {
+        for (const auto &c : TEstMovTrib::ColunasInt())
+            m_ints.push_back(indice(q, c.coluna));
+        for (const auto &c : TEstMovTrib::ColunasMoney())
+            m_moneys.push_back(indice(q, c.coluna));
+    }
+
+    TItemBaixa Ler(const TQ &q) const
+    {
+        TItemBaixa item;
+        item.itemCod = q.Fields(m_item).AsInteger();
+        item.prodCod = q.Fields(m_prod).AsInteger();
+        item.embQtd = q.Fields(m_embQtd).AsFloat();
+        item.qtdEmbs = q.Fields(m_qtdEmbs).AsFloat();
+        item.custoTot = q.Fields(m_custoTot).AsMoney();
+        item.desconto = q.Fields(m_desconto).AsMoney();
+        item.cfop = q.Fields(m_cfop).AsString().trimmed();
+        item.infoAdic = q.Fields(m_infoAdic).AsString();
+        int i = 0;
+        for (const auto &c : TEstMovTrib::ColunasInt())
+            item.trib.*(c.campo) = q.Fields(m_ints[i++]).AsInteger();
+        i = 0;
+        for (const auto &c : TEstMovTrib::ColunasMoney())
+            item.trib.*(c.campo) = q.Fields(m_moneys[i++]).AsMoney();
+        return item;
+    }
+
+private:
+    static int indice(const TQ &q, const char *nome)
+    {
+        const int i = q.FieldIndex(QLatin1String(nome));
+        if (i < 0)
+            throw EErroBanco(QStringLiteral("Os itens da nota não trazem a coluna %1.").arg(QLatin1String(nome)));
+        return i;
+    }
+
+    int m_item, m_prod, m_embQtd, m_qtdEmbs, m_custoTot, m_desconto, m_cfop, m_infoAdic;
+    std::vector<int> m_ints;
+    std::vector<int> m_moneys;
+};
+
+// The posting trace: its "vai ..." lines go to the hook, the others to the level-72 box.
+class TRastroBaixa final
+{
+public:
+    TRastroBaixa() : m_rastro(72) {}
+    ~TRastroBaixa() { m_rastro.Exibir(TRastroDebug::CabecalhoLongo(72, QStringLiteral("TRepD.BaixarNota;"))); }
+
+    bool Ativo() const { return m_rastro.Ativo(); }
+    void operator()(const QString &linha)
+    {
+        if (linha.startsWith(QLatin1String("vai")))
+            RastroHook(linha);
+        else
+            m_rastro.Add(linha);
+    }
+
+private:
+    TRastroDebug m_rastro;
+};
+
+} // namespace
+
+TNotaLinha TNotaLinha::DaLinhaAtual(const TClientDataSet &notas)
+{
+    TNotaLinha n;
+    if (notas.IsEmpty())
+        return n;
+    auto inteiro = [&notas](const char *nome) { return notas.FieldByName(QLatin1String(nome)).AsInteger(); };
+    n.emprCod = inteiro("EMPR_COD");
+    n.estacaoCod = inteiro("ESTACAO_COD");
+    n.compraCod = inteiro("compra_COD");
+    n.tipoCod = inteiro("TIPO_cod");
+    n.fornecCod = inteiro("FORNEC_COD");
+    n.destinEmprCod = inteiro("DESTIN_EMPR_COD");
+    n.baixado = notas.FieldByName(QStringLiteral("BAIXADO")).AsBoolean();
+    n.cancelado = notas.FieldByName(QStringLiteral("CANCELADO")).AsBoolean();
+    return n;
+}
+
+QString TNotaLinha::DocStr() const
+{
+    return QStringLiteral("%1-%2").arg(emprCod, 3, 10, QLatin1Char('0')).arg(compraCod, 7, 10, QLatin1Char('0'));
+}
+
+double TBaixaNota::QtdDoItem(double embQtd, double qtdEmbs)
+{
+    return RoundTo(RoundTo(embQtd, 3) * RoundTo(qtdEmbs, 3), 3);
+}
+
+Money TBaixaNota::CustoDoItem(Money custoTot, Money outras, Money desconto, double qtd, Money vipi, bool somarIPI)
+{
+    Money custo;
+    if (qtd != 0)
+        custo = (custoTot + outras - desconto).dividedBy(Money::fromDouble(qtd)).value_or(Money());
+    if (somarIPI)
+        custo += vipi;
+    return custo;
+}
+
+QString TBaixaNota::SQLContaItensABaixar(const TNotaLinha &nota)
+{
+    return QLatin1String("select count(*) from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.emprCod)
+           + QLatin1String(" and compra_cod=") + Int(nota.compraCod) + QLatin1String(" and compra_item_tmp.estacao_cod=")
+           + Int(nota.estacaoCod) + QLatin1String("\r\n");
+}
+
+QString TBaixaNota::SQLItensABaixar(const TNotaLinha &nota)
+{
+    return QLatin1String("select * from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.emprCod)
+           + QLatin1String(" and compra_cod=") + Int(nota.compraCod)
+           + QLatin1String(" and compra_item_tmp.estacao_cod=10\r\n order by compra_item_tmp_cod");
+}
+
+QString TBaixaNota::SQLPrecosDeUmItem(const TNotaLinha &nota, int itemCod)
+{
+    return QLatin1String("select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=") + Int(nota.emprCod)
+           + QLatin1String(" and estacao_cod=") + Int(nota.estacaoCod) + QLatin1String(" and compra_item_tmp_cod=")
+           + Int(itemCod) + QLatin1String(" order by tab_preco_cod");
+}
+
+QString TBaixaNota::SqlConfigBaixa()
+{
+    return QLatin1String("select valor from config where chave=") + QuotedStr(QStringLiteral("REP_PRODUC_CUSTO_CRIA"));
+}
+
+int TBaixaNota::GetEstMovCod(TConexaoSQL &conexao, const TNotaLinha &nota, const TItemBaixa &item, double qtd,
+                             Money custo, Money preco)
+{
+    return CompraEstMovInsNovo(conexao, nota.emprCod, TConexD::EstacaoCod(), nota.compraCod, item.prodCod, qtd, custo,
+                               item.custoTot, preco, item.desconto, QLatin1Char(' '), item.cfop, item.trib);
+}
+
+namespace {
+
+// The items in order: each one's movement, inputs, texts, taxes, and the costs and prices the
+// type asks for. `custeados` collects the products whose cost was created; `onde` says which
+// item is being handled, for the message of a failure.
+void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool somarIPI, bool criaCustos,
+                 QStringList &custeados, TRastroBaixa &rastro, QString &onde)
+{
+    // Held for the whole loop, so that the routines' own Conectar/Desconectar pairs cost nothing.
+    TConexaoSQL &host = TConexD::Conexao();
+    ConectarOuErro(conexao, QStringLiteral("conectar ao banco"));
+    const auto soltarModulo = qScopeGuard([&conexao] { conexao.Desconectar(); });
+    ConectarOuErro(host, QStringLiteral("conectar ao banco"));
+    const auto soltarHost = qScopeGuard([&host] { host.Desconectar(); });
+
+    const TColunasItem colunas(itens);
+    int contador = 1;
+    for (itens.First(); !itens.Eof(); itens.Next(), ++contador) {
+        if (contador % PassoProgresso == 0)
+            TProgressForm::Avancar(contador);
+        const TItemBaixa item = colunas.Ler(itens);
+        onde = QStringLiteral("no item %1 (produto %2)").arg(contador).arg(item.prodCod);
+        const auto precos = AbOuErro(conexao, TBaixaNota::SQLPrecosDeUmItem(nota, item.itemCod),
+                                     QStringLiteral("ler os preços do item"));
+        const double qtd = TBaixaNota::QtdDoItem(item.embQtd, item.qtdEmbs);
+        const Money custo =
+            TBaixaNota::CustoDoItem(item.custoTot, item.trib.outras, item.desconto, qtd, item.trib.vIPI, somarIPI);
+        const Money preco = precos->IsEmpty() ? Money() : precos->Fields(1).AsMoney();
+
+        const int estMovCod = TBaixaNota::GetEstMovCod(conexao, nota, item, qtd, custo, preco);
+        TEstMovCompo_DBI::Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd, conexao);
+        ExecOuErro(conexao,
+                   QLatin1String("update est_mov set info_adic=") + QuotedStr(item.infoAdic)
+                       + QLatin1String(" where empr_cod=") + Int(nota.emprCod)
+                       + QLatin1String(" and estacao_cod=10 and est_mov_cod=") + Int(estMovCod),
+                   QStringLiteral("gravar as informações adicionais do movimento %1").arg(estMovCod));
+        EstMovAjusteTrib(conexao, nota.emprCod, TConexD::EstacaoCod(), estMovCod, item.trib.vICMS);
+
+        rastro(QStringLiteral("vai testar se tipo_cod=34 compra ou 37, nota de prod. (%1)").arg(nota.tipoCod));
+        if (!criaCustos)
+            continue;
+        if (rastro.Ativo()) {
+            rastro(QStringLiteral("era compra ou produc"));
+            rastro(QStringLiteral("prod_cod=") + Int(item.prodCod));
+            rastro(QStringLiteral("custo=") + FloatToStrPonto(custo));
+            rastro(QStringLiteral("fornec_cod=") + Int(nota.fornecCod));
+        }
+        ProdInserirCusto(EmprCustosPrecos, item.prodCod, custo, nota.fornecCod, nota.compraCod, estMovCod);
+        custeados << Int(item.prodCod);
+        rastro(QStringLiteral("inseriu custo"));
+        rastro(QStringLiteral("vai iniciar loop de criacao de precos"));
+        for (precos->First(); !precos->Eof(); precos->Next()) {
+            const int tabPrecoCod = precos->Fields(0).AsInteger();
+            const Money precoTab = precos->Fields(1).AsMoney();
+            rastro(QStringLiteral("vai criar preco"));
+            if (rastro.Ativo()) {
+                rastro(QStringLiteral("prod_cod=") + Int(item.prodCod));
+                rastro(QStringLiteral("tab_preco_cod=") + Int(tabPrecoCod));
+                rastro(QStringLiteral("preco=") + FloatToStrPonto(precoTab));
+            }
+            ProdInserirPreco(EmprCustosPrecos, tabPrecoCod, item.prodCod, precoTab, Money(),
+                             Contexto::Atual().Hoje(), QLatin1Char('N'));
+        }
+    }
+}
+
+} // namespace
+
+bool TBaixaNota::BaixarNota(TClientDataSet &notas, bool somarIPI)
+{
+    const TNotaLinha nota = TNotaLinha::DaLinhaAtual(notas);
+    TRastroBaixa rastro;
+
+    if (!m_conexao.Conectar()) {
+        MensagemErro(QStringLiteral("Erro acessando os itens. Processo interrompido."));
+        return false;
+    }
+    const int qtdItens = m_conexao.ValorInt(SQLContaItensABaixar(nota));
+    rastro(QStringLiteral("vai ler das configuracoes"));
+    bool producCriaCustos = false;
+    if (const auto config = m_conexao.Ab(SqlConfigBaixa())) {
+        producCriaCustos = !config->IsEmpty() && config->Fields(0).AsString().trimmed() == QLatin1String("S");
+        rastro(QStringLiteral("leu das config, ProducCriaCustos=") + (producCriaCustos ? "S" : "N"));
+    } else {
+        rastro(QStringLiteral("erro lendo das config, ProducCriaCustos=N"));
+    }
+    m_conexao.Desconectar();
+
+    const auto itens = m_conexao.Ab(SQLItensABaixar(nota));
+    if (!itens) {
+        MensagemErro(QStringLiteral("Não foi possível ler os itens da nota %1. A nota não foi baixada.\n%2")
+                         .arg(nota.DocStr(), m_conexao.UltimoErro()));
+        return false;
+    }
+
+    const bool criaCustos = nota.tipoCod == TipoDoc::Entrada || (producCriaCustos && nota.tipoCod == TipoDoc::Producao);
+    QStringList custeados;
+    TProgressForm::Exibir(QStringLiteral("Entrada de estoque de produtos"), qtdItens);
+    const auto fecharProgresso = qScopeGuard([] { TProgressForm::Fechar(); });
+
+    // Where a failure stopped the posting, for its message.
+    QString onde = QStringLiteral("antes do primeiro item");
+    const auto falhou = [&](const QString &causa) {
+        MensagemErro(QStringLiteral("A baixa da nota %1 parou %2.\n%3\nA nota continua não baixada; os movimentos "
+                                    "de estoque dos itens anteriores foram mantidos.")
+                         .arg(nota.DocStr(), onde, causa));
+        return false;
+    };
+    try {
+        BaixarItens(m_conexao, nota, *itens, somarIPI, criaCustos, custeados, rastro, onde);
+        onde = QStringLiteral("ao enviar os custos alterados");
+        if (criaCustos)
+            CustoEnviarSL(custeados, m_conexao.GetDatabase(), SessaoHost());
+    } catch (const EErroBanco &e) {
+        return falhou(e.Texto());
+    } catch (const std::exception &e) {
+        return falhou(QString::fromUtf8(e.what()));
+    }
+
+    if (!TConexD::Executar(QLatin1String("update compra set baixado='S' where empr_cod=") + Int(nota.emprCod)
+                           + QLatin1String(" and compra_cod=") + Int(nota.compraCod)
+                           + QLatin1String(" and estacao_cod=") + Int(nota.estacaoCod))) {
+        MensagemErro(QStringLiteral("Os movimentos de estoque da nota %1 foram gravados, mas não foi possível "
+                                    "marcá-la como baixada.\n%2")
+                         .arg(nota.DocStr(), TConexD::Conexao().UltimoErro()));
+        return false;
+    }
+    if (!notas.IsEmpty()) {
+        notas.Edit();
+        notas.FieldByName(QStringLiteral("BAIXADO")).SetAsBoolean(true);
+        notas.FieldByName(QStringLiteral("BAIXADO_STR")).SetAsString(RepBaixadoStr(true));
+        notas.Post();
+    }
+    return true;
+}

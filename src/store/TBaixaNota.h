@@ -1,0 +1,79 @@
+#pragma once
+
+#include "Money.h"
+#include "UEstoque.h"
+
+#include <QString>
+
+class TClientDataSet;
+class TConexaoSQL;
+
+// The note of the current row of the note list, as posting and the other actions read it.
+struct TNotaLinha
+{
+    int emprCod = 0;
+    int estacaoCod = 0;
+    int compraCod = 0;
+    int tipoCod = 34;
+    int fornecCod = 0;
+    int destinEmprCod = 0;
+    bool baixado = false;
+    bool cancelado = false;
+
+    // Zeros when the list is empty.
+    static TNotaLinha DaLinhaAtual(const TClientDataSet &notas);
+    // "001-0000345"
+    QString DocStr() const;
+};
+
+// One staged item as posting uses it.
+struct TItemBaixa
+{
+    int itemCod = 0;
+    int prodCod = 0;
+    double embQtd = 0;
+    double qtdEmbs = 0;
+    Money custoTot;
+    Money desconto;
+    QString cfop;               // trimmed
+    QString infoAdic;
+    TEstMovTrib trib;           // outras and vipi among them
+};
+
+// Posting a note to stock: one movement per staged item, the inputs it consumes, costs and
+// prices where the type asks for them, then the note marked posted.
+class TBaixaNota final
+{
+public:
+    // `conexao`: the module's connection; costs, prices and the final mark go through the host's.
+    explicit TBaixaNota(TConexaoSQL &conexao) : m_conexao(conexao) {}
+
+    // Posts the note of the current row of `notas` and marks the row posted. Whether the note is
+    // already posted is the caller's check. `somarIPI` is the screen's REP_IPI_SOMAR flag.
+    // No transaction: when a statement fails part-way the movements of the items already handled
+    // stay and the note stays unposted; the failure is shown once, naming what failed, and false
+    // comes back.
+    bool BaixarNota(TClientDataSet &notas, bool somarIPI);
+
+    // round3(round3(emb_qtd) x round3(qtd_embs))
+    static double QtdDoItem(double embQtd, double qtdEmbs);
+    // round4((custo_tot + outras - desconto) / qtd), 0 for no quantity; then, with IPI adding,
+    // plus the item's whole IPI value, not divided by the quantity (the established rule).
+    static Money CustoDoItem(Money custoTot, Money outras, Money desconto, double qtd, Money vipi, bool somarIPI);
+
+    // Sizes the progress only: it filters on the note's station, while the items are read
+    // under station 10.
+    static QString SQLContaItensABaixar(const TNotaLinha &nota);
+    static QString SQLItensABaixar(const TNotaLinha &nota);
+    // Under the note's own station: on a note of a station other than 10 it finds no price, so
+    // that such a note creates no prices.
+    static QString SQLPrecosDeUmItem(const TNotaLinha &nota, int itemCod);
+    static QString SqlConfigBaixa();
+
+    // The item's movement through the host's stock routine; the new est_mov_cod.
+    static int GetEstMovCod(TConexaoSQL &conexao, const TNotaLinha &nota, const TItemBaixa &item, double qtd,
+                            Money custo, Money preco);
+
+private:
+    TConexaoSQL &m_conexao;
+};
