@@ -157,7 +157,11 @@ int main(int argc, char **argv)
         "ou a variável PAVREL_DATABASE. Um servidor Firebird é indicado como servidor:/caminho/arquivo.fdb.\n\n"
         "Comandos sem tela:\n"
         "  notes [--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim]\n"
-        "        [--ndoc N] [--origin todas|manual|xml]   lista as notas como a tela mostra"));
+        "        [--ndoc N] [--origin todas|manual|xml]   lista as notas como a tela mostra\n"
+        "  post NOTA [--yes]     baixa a nota no estoque (NOTA: EEE-CCCCCCC, ou E-S-C)\n"
+        "  cancel NOTA [--yes]   cancela a nota (--yes confirma a pergunta)\n"
+        "  unpost NOTA [--yes]   desbaixa a nota, retirando seus movimentos do estoque\n"
+        "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({

@@ -1,12 +1,16 @@
 #include "ComandosHeadless.h"
 
+#include "Config.h"
 #include "Contexto.h"
 #include "DialogosConsole.h"
+#include "TAcoesNota.h"
 #include "TClientDataSet.h"
 #include "TConexD.h"
 #include "TRepD.h"
 
 #include <QCommandLineParser>
+#include <QRegularExpression>
+#include <QScopeGuard>
 #include <QTextStream>
 
 namespace ComandosHeadless {
@@ -114,6 +118,154 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     return 0;
 }
 
+// The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code.
+struct TNotaPedida
+{
+    int empr = 0;
+    int estacao = -1;   // any
+    int compra = 0;
+};
+
+std::optional<TNotaPedida> lerNota(const QString &texto)
+{
+    static const QRegularExpression formato(QStringLiteral("^(\\d{1,9})-(?:(\\d{1,9})-)?(\\d{1,9})$"));
+    const QRegularExpressionMatch m = formato.match(texto.trimmed());
+    if (!m.hasMatch())
+        return std::nullopt;
+    TNotaPedida nota;
+    nota.empr = m.captured(1).toInt();
+    if (m.hasCaptured(2))
+        nota.estacao = m.captured(2).toInt();
+    nota.compra = m.captured(3).toInt();
+    return nota;
+}
+
+// Puts the list's cursor on the note; a message on `erros` when it is missing or ambiguous.
+bool localizar(TClientDataSet &notas, const TNotaPedida &pedida, const QString &texto, const QString &comando,
+               QTextStream &erros)
+{
+    QList<int> linhas;
+    QList<int> estacoes;
+    notas.First();
+    for (int linha = 1; !notas.Eof(); notas.Next(), ++linha) {
+        const int estacao = notas.FieldByName(QStringLiteral("ESTACAO_COD")).AsInteger();
+        if (notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger() == pedida.empr
+            && notas.FieldByName(QStringLiteral("compra_COD")).AsInteger() == pedida.compra
+            && (pedida.estacao < 0 || estacao == pedida.estacao)) {
+            linhas << linha;
+            estacoes << estacao;
+        }
+    }
+    if (linhas.isEmpty()) {
+        erros << "pavrel " << comando << ": nota " << texto << " não encontrada" << Qt::endl;
+        return false;
+    }
+    if (linhas.size() > 1) {
+        QStringList opcoes;
+        for (int estacao : estacoes)
+            opcoes << QStringLiteral("%1-%2-%3").arg(pedida.empr).arg(estacao).arg(pedida.compra);
+        erros << "pavrel " << comando << ": há notas " << texto << " de várias estações; indique uma: "
+              << opcoes.join(QStringLiteral(", ")) << Qt::endl;
+        return false;
+    }
+    notas.SetRecNo(linhas.first());
+    return true;
+}
+
+// The console's dialogs, counting what they show: a refusal that the screen leaves silent (a
+// trace only) still needs a line on the console.
+class TDialogosContados final : public TDialogos
+{
+public:
+    TDialogosContados(bool respostaSim, QTextStream &erros) : m_console(respostaSim, erros) {}
+
+    void Mensagem(TipoMensagem tipo, const QString &texto) override
+    {
+        ++m_mostrados;
+        m_console.Mensagem(tipo, texto);
+    }
+    bool Perguntar(TipoPergunta tipo, const QString &texto) override
+    {
+        ++m_mostrados;
+        return m_console.Perguntar(tipo, texto);
+    }
+    QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar) override
+    {
+        return m_console.SelecionarArquivo(titulo, pasta, filtro, salvar);
+    }
+    int Mostrados() const { return m_mostrados; }
+
+private:
+    TDialogosConsole m_console;
+    int m_mostrados = 0;
+};
+
+// post, cancel, unpost and send: the screen's actions on one note, with the console's dialogs.
+int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
+{
+    QCommandLineParser parser;
+    parser.addOption({QStringLiteral("yes"), QStringLiteral("answer yes to the questions")});
+    parser.addPositionalArgument(QStringLiteral("note"), QStringLiteral("EEE-CCCCCCC, or E-S-C"));
+    if (!parser.parse(QStringList{comando} + argumentos)) {
+        erros << "pavrel " << comando << ": " << parser.errorText() << Qt::endl;
+        return 2;
+    }
+    const QStringList posicionais = parser.positionalArguments();
+    const auto pedida = posicionais.size() == 1 ? lerNota(posicionais.first()) : std::nullopt;
+    if (!pedida) {
+        erros << "uso: pavrel " << comando << " EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)" << Qt::endl;
+        return 2;
+    }
+    const QString texto = posicionais.first().trimmed();
+
+    TDialogos *anteriores = TDialogos::Definido();
+    TDialogosContados dialogos(parser.isSet(QStringLiteral("yes")), erros);
+    TDialogos::Definir(&dialogos);
+    const auto restaurar = qScopeGuard([anteriores] { TDialogos::Definir(anteriores); });
+
+    TConexaoSQL &conexao = TConexD::Conexao();
+    TRepD repD(conexao);
+    TFiltroNotas todas;
+    todas.considerarDatas = false;
+    todas.canceladosIndice = 0;
+    todas.origemIndice = 0;
+    if (!repD.CarregarNotas(todas))
+        return 1;
+    TClientDataSet &notas = repD.Notas();
+    if (!localizar(notas, *pedida, texto, comando, erros))
+        return 1;
+    const QString doc = notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
+
+    TAcoesNota acoes(repD, conexao);
+    acoes.SetSomarIPI(Config::LigadoSalvoN(conexao, QStringLiteral("REP_IPI_SOMAR")));
+    bool feito = false;
+    QString resultado;
+    if (comando == QLatin1String("post")) {
+        feito = acoes.BaixouNota(false);
+        resultado = QStringLiteral("baixada");
+    } else if (comando == QLatin1String("cancel")) {
+        feito = acoes.CancelarNota();
+        resultado = QStringLiteral("cancelada");
+    } else if (comando == QLatin1String("unpost")) {
+        feito = acoes.DesbaixarActExecute(TDataSetState::Browse, TDataSetState::Browse);
+        resultado = QStringLiteral("desbaixada");
+    } else {
+        feito = acoes.NotaExportActExecute(TDataSetState::Browse, TDataSetState::Browse);
+        resultado = QStringLiteral("enviada à empresa de destino");
+    }
+    if (!feito) {
+        if (dialogos.Mostrados() == 0) {
+            const bool semDestino = comando == QLatin1String("send")
+                                    && notas.FieldByName(QStringLiteral("DESTIN_EMPR_COD")).AsInteger() < 1;
+            erros << "pavrel " << comando << ": nota " << doc
+                  << (semDestino ? " sem empresa de destino" : ": nada foi feito") << Qt::endl;
+        }
+        return 1;
+    }
+    saida << "Nota " << doc << ' ' << resultado << Qt::endl;
+    return 0;
+}
+
 } // namespace
 
 int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
@@ -129,6 +281,9 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
     const QString comando = argumentos.first();
     if (comando == QLatin1String("notes"))
         resultado = notes(argumentos.mid(1), saida, erros);
+    else if (QStringList{QStringLiteral("post"), QStringLiteral("cancel"), QStringLiteral("unpost"), QStringLiteral("send")}
+                 .contains(comando))
+        resultado = acaoNota(comando, argumentos.mid(1), saida, erros);
     else
         erros << "pavrel: comando desconhecido: " << comando << Qt::endl;
     TDialogos::Definir(anteriores);
