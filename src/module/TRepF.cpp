@@ -3,6 +3,7 @@
 #include "Config.h"
 #include "Dialogos.h"
 #include "ImpressoraFiscal.h"
+#include "TAcoesNota.h"
 #include "TAndamento.h"
 #include "TCabecNota.h"
 #include "TConexD.h"
@@ -68,6 +69,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     m_cabec->SetIPISomar(m_ipiSomar);
     connect(m_acoes.value(QStringLiteral("NotaInsAct")), &QAction::triggered, this, &TRepF::NotaInsActExecute);
     connect(m_acoes.value(QStringLiteral("AltAct")), &QAction::triggered, this, &TRepF::AltActExecute);
+    CriarAcoesNota();
 
     SetCabecState(TDataSetState::Browse);
     SetItemState(TDataSetState::Browse);
@@ -256,12 +258,17 @@ void TRepF::AtualizarTotais()
 void TRepF::AtualizarAcoes()
 {
     static const QStringList prontas = {QStringLiteral("ConsultarAction"), QStringLiteral("NotaInsAct"),
-                                        QStringLiteral("AltAct")};
+                                        QStringLiteral("AltAct"), QStringLiteral("BaixarAct"),
+                                        QStringLiteral("CancAct"), QStringLiteral("DesbaixarAct"),
+                                        QStringLiteral("NotaExportAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));
-    if (navegando && m_repD->Notas().IsEmpty())
-        m_acoes.value(QStringLiteral("AltAct"))->setEnabled(false);
+    // Actions on the current note need one.
+    if (navegando && m_repD->Notas().IsEmpty()) {
+        for (const char *nome : {"AltAct", "BaixarAct", "CancAct"})
+            m_acoes.value(QLatin1String(nome))->setEnabled(false);
+    }
 }
 
 void TRepF::TipoDocComboBoxChange(int indice)

@@ -23,6 +23,7 @@ class QTableView;
 class QToolBar;
 class QToolButton;
 class TAndamento;
+class TAcoesNota;
 class TCabecNota;
 class TEdNotaPanel;
 class TItemNota;
@@ -130,6 +131,7 @@ private:
     void FecharEdicaoNota();
     void AposRolarNotas();
     void AtualizarAcoes();
+    void CriarAcoesNota();
     void CriarItemNota();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
@@ -145,6 +147,7 @@ private:
     TTabPrecoList m_tabPrecoList;
     TRepD *m_repD = nullptr;
     TCabecNota *m_cabec = nullptr;
+    std::unique_ptr<TAcoesNota> m_acoesNota;
     std::unique_ptr<TAndamento> m_andamento;
 
     QHash<QString, QAction *> m_acoes;
