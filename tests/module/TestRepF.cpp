@@ -1,3 +1,4 @@
+#include "RegistroSql.h"
 #include "ComandosHeadless.h"
 #include "DialogosTeste.h"
 #include "TClientDataSet.h"
@@ -20,35 +21,6 @@
 #include <gtest/gtest.h>
 
 namespace {
-
-QStringList g_sql;
-
-// Collects every statement sent while it lives.
-class RegistroSql final
-{
-public:
-    RegistroSql()
-    {
-        g_sql.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        m_anterior = qInstallMessageHandler([](QtMsgType, const QMessageLogContext &ctx, const QString &msg) {
-            if (QLatin1String(ctx.category) == QLatin1String("pavrel.sql"))
-                g_sql << msg;
-        });
-    }
-    ~RegistroSql()
-    {
-        qInstallMessageHandler(m_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    bool enviou(const QString &trecho) const
-    {
-        return std::any_of(g_sql.cbegin(), g_sql.cend(), [&](const QString &s) { return s.contains(trecho); });
-    }
-
-private:
-    QtMessageHandler m_anterior;
-};
 
 class RepF : public ::testing::Test
 {
@@ -142,8 +114,8 @@ TEST_F(RepF, NoPriceEditsNoGradesAndAnEmptyDatabaseStillOpens)
     auto tela = abrir();
     EXPECT_TRUE(tela->PrecoEdits().isEmpty());
     EXPECT_TRUE(tela->GradeCombos().isEmpty());
-    EXPECT_TRUE(sql.enviou(QStringLiteral("select count(*) from prod_grade")));
-    EXPECT_FALSE(sql.enviou(QStringLiteral("grade_tit")));
+    EXPECT_TRUE(RegistroSql::Enviou(QStringLiteral("select count(*) from prod_grade")));
+    EXPECT_FALSE(RegistroSql::Enviou(QStringLiteral("grade_tit")));
     EXPECT_EQ(tela->RepD().Notas().RecordCount(), 0);
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
 }

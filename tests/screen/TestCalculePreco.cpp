@@ -1,3 +1,4 @@
+#include "RegistroSql.h"
 #include "Money.h"
 #include "TConexaoSQL.h"
 #include "TRepF_CalculePreco.h"
@@ -14,33 +15,6 @@ namespace {
 Money M(const char *texto) { return *Money::parse(QString::fromLatin1(texto)); }
 
 std::string Txt(std::optional<Money> v) { return v ? v->toString().toStdString() : std::string("-"); }
-
-// The statements sent while an object lives.
-class RegistroSql final
-{
-public:
-    RegistroSql()
-    {
-        s_sql.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        m_anterior = qInstallMessageHandler(&Handler);
-    }
-    ~RegistroSql()
-    {
-        qInstallMessageHandler(m_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    static QStringList Sql() { return s_sql; }
-
-private:
-    static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-    {
-        if (tipo == QtDebugMsg && QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql")
-            s_sql << msg;
-    }
-    static inline QStringList s_sql;
-    QtMessageHandler m_anterior;
-};
 
 // The worked purchase: 100,00 of goods, 10,00 off, 5,555 of other expenses, 3 units, margin 30.
 TCalculePrecoEntrada Compra()

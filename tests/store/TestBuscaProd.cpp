@@ -1,3 +1,4 @@
+#include "RegistroSql.h"
 #include "TBuscaProd.h"
 #include "TConexaoSQL.h"
 #include "TestDatabase.h"
@@ -10,34 +11,6 @@
 namespace {
 
 Money M(const char *texto) { return *Money::parse(QString::fromLatin1(texto)); }
-
-// The statements sent while an object lives.
-class RegistroSql final
-{
-public:
-    RegistroSql()
-    {
-        s_sql.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        m_anterior = qInstallMessageHandler(&Handler);
-    }
-    ~RegistroSql()
-    {
-        qInstallMessageHandler(m_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    static QStringList Sql() { return s_sql; }
-    static void Limpar() { s_sql.clear(); }
-
-private:
-    static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-    {
-        if (tipo == QtDebugMsg && QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql")
-            s_sql << msg;
-    }
-    static inline QStringList s_sql;
-    QtMessageHandler m_anterior;
-};
 
 class BuscaProdDB : public ::testing::Test
 {

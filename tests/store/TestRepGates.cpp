@@ -1,3 +1,4 @@
+#include "RegistroSql.h"
 #include "Contexto.h"
 #include "DialogosTeste.h"
 #include "Money.h"
@@ -13,36 +14,6 @@
 #include <QLoggingCategory>
 
 namespace {
-
-// The statements sent to the database.
-class RegistroSql final
-{
-public:
-    RegistroSql()
-    {
-        s_sql.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        s_anterior = qInstallMessageHandler(&Handler);
-    }
-    ~RegistroSql()
-    {
-        qInstallMessageHandler(s_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    static QStringList Sql() { return s_sql; }
-    static void Limpar() { s_sql.clear(); }
-
-private:
-    static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-    {
-        if (QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql" && tipo == QtDebugMsg)
-            s_sql << msg;
-        else if (s_anterior)
-            s_anterior(tipo, ctx, msg);
-    }
-    static inline QStringList s_sql;
-    static inline QtMessageHandler s_anterior = nullptr;
-};
 
 const QString SemItens = QStringLiteral("Esta nota não possui itens cadastrados. Não pode ser baixada");
 const QString Zerada = QStringLiteral("O valor desta nota está zerado. Não pode ser baixada");

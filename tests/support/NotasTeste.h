@@ -2,6 +2,7 @@
 
 // Notes with staged items and prices for the posting tests, and the statement log.
 
+#include "RegistroSql.h"
 #include "Money.h"
 #include "TestDatabase.h"
 #include "Valores.h"
@@ -11,45 +12,6 @@
 #include <QPair>
 #include <QString>
 #include <QStringList>
-
-// The statements sent to the database while it lives, as the connection logs them.
-class RegistroSql final
-{
-public:
-    RegistroSql()
-    {
-        s_sql.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        s_anterior = qInstallMessageHandler(&Handler);
-    }
-    ~RegistroSql()
-    {
-        qInstallMessageHandler(s_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    static QStringList Sql() { return s_sql; }
-    static void Limpar() { s_sql.clear(); }
-    // The statements that begin with `inicio` (case-insensitive).
-    static QStringList ComInicio(const QString &inicio)
-    {
-        QStringList r;
-        for (const QString &s : s_sql)
-            if (s.startsWith(inicio, Qt::CaseInsensitive))
-                r << s;
-        return r;
-    }
-
-private:
-    static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-    {
-        if (QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql" && tipo == QtDebugMsg)
-            s_sql << msg;
-        else if (s_anterior)
-            s_anterior(tipo, ctx, msg);
-    }
-    static inline QStringList s_sql;
-    static inline QtMessageHandler s_anterior = nullptr;
-};
 
 // Decimal values are texts so that they reach the database exactly as written.
 struct ItemTeste
