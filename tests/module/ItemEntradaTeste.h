@@ -2,6 +2,7 @@
 
 // The real screen with a note open for items, and the moves a clerk makes on the item panel.
 
+#include "TelaTeste.h"
 #include "DialogosTeste.h"
 #include "TClientDataSet.h"
 #include "TEdNotaPanel.h"
@@ -35,12 +36,7 @@ protected:
 
     void abrir()
     {
-        tela = std::make_unique<TRepF>();
-        QSignalSpy carregou(tela.get(), &TRepF::ListaCarregada);
-        tela->resize(1366, 768);
-        tela->show();
-        ASSERT_TRUE(carregou.wait(5000));
-        QApplication::setActiveWindow(tela.get());
+        tela = AbrirTela();
         p = tela->ItemPanel();
         h = tela->EdNotaPanel();
         grade = tela->findChild<QTableView *>(QStringLiteral("ItensDBGrid"));

@@ -1,3 +1,4 @@
+#include "TelaTeste.h"
 #include "RegistroSql.h"
 #include "ComandosHeadless.h"
 #include "DialogosTeste.h"
@@ -46,17 +47,7 @@ protected:
     }
 
     // The real screen, shown offscreen, with its note list loaded.
-    std::unique_ptr<TRepF> abrir()
-    {
-        auto tela = std::make_unique<TRepF>();
-        QSignalSpy carregou(tela.get(), &TRepF::ListaCarregada);
-        tela->resize(1366, 768);
-        tela->show();
-        EXPECT_TRUE(carregou.wait(5000));
-        // The progress window took the activation while the list loaded.
-        QApplication::setActiveWindow(tela.get());
-        return tela;
-    }
+    std::unique_ptr<TRepF> abrir() { return AbrirTela(); }
 
     TestDatabase db;
     DialogosTeste dialogos;

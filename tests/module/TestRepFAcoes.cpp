@@ -1,3 +1,4 @@
+#include "TelaTeste.h"
 #include "DialogosTeste.h"
 #include "TClientDataSet.h"
 #include "TRepF.h"
@@ -27,11 +28,7 @@ protected:
                       "insert into compra_item_tmp_precos (empr_cod, estacao_cod, compra_item_tmp_cod, tab_preco_cod, "
                       "preco) values (1, 10, 1, 1, 15);")),
                   QString());
-        tela = std::make_unique<TRepF>();
-        QSignalSpy carregou(tela.get(), &TRepF::ListaCarregada);
-        tela->show();
-        ASSERT_TRUE(carregou.wait(5000));
-        QApplication::setActiveWindow(tela.get());
+        tela = AbrirTela();
         ASSERT_EQ(tela->RepD().Notas().RecordCount(), 1);
     }
 

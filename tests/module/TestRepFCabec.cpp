@@ -1,3 +1,4 @@
+#include "TelaTeste.h"
 #include "DialogosTeste.h"
 #include "TCabecNota.h"
 #include "TClientDataSet.h"
@@ -27,12 +28,7 @@ protected:
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
         Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
         Contexto::Atual().estacao = 3;
-        tela = std::make_unique<TRepF>();
-        QSignalSpy carregou(tela.get(), &TRepF::ListaCarregada);
-        tela->resize(1366, 768);
-        tela->show();
-        ASSERT_TRUE(carregou.wait(5000));
-        QApplication::setActiveWindow(tela.get());
+        tela = AbrirTela();
         p = tela->EdNotaPanel();
     }
 

@@ -1,3 +1,4 @@
+#include "TelaTeste.h"
 #include "DialogosTeste.h"
 #include "TClientDataSet.h"
 #include "TEdNotaPanel.h"
@@ -52,16 +53,7 @@ protected:
                       QString());
     }
 
-    std::unique_ptr<TRepF> abrir()
-    {
-        auto tela = std::make_unique<TRepF>();
-        QSignalSpy carregou(tela.get(), &TRepF::ListaCarregada);
-        tela->resize(1366, 768);
-        tela->show();
-        EXPECT_TRUE(carregou.wait(5000));
-        QApplication::setActiveWindow(tela.get());
-        return tela;
-    }
+    std::unique_ptr<TRepF> abrir() { return AbrirTela(); }
 
     QString retrato()
     {
