@@ -135,7 +135,7 @@ double Baixar(const TDadosBanco &banco)
     if (repD.CarregarNotas(filtro) && repD.Notas().Locate(QStringLiteral("compra_COD"), 1)) {
         QElapsedTimer t;
         t.start();
-        if (TBaixaNota(conexao).BaixarNota(repD.Notas(), true))
+        if (TBaixaNota(conexao).BaixarNota(*repD.NotaAtual(), true))
             ms = t.nsecsElapsed() / 1e6;
     }
     TConexD::Conexao().Desconectar();

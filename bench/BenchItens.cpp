@@ -185,8 +185,8 @@ int main(int argc, char **argv)
     PreencherLista(repD);
 
     bool ok = true;
-    const QStringList sqlGravar = Registrar([&] { ok = repD.GravarItens(Empr, Compra); });
-    const QStringList sqlCarregar = Registrar([&] { ok = ok && repD.CarregarItens(Empr, Compra); });
+    const QStringList sqlGravar = Registrar([&] { ok = repD.GravarItens({Empr, 10, Compra}); });
+    const QStringList sqlCarregar = Registrar([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); });
     if (!ok || repD.Itens().RecordCount() != Itens) {
         QTextStream(stderr) << "the first save or load failed (" << repD.Itens().RecordCount() << " items)" << Qt::endl;
         return 1;
@@ -194,9 +194,9 @@ int main(int argc, char **argv)
 
     std::vector<double> gravar, gravarPuro, carregar, carregarPuro;
     for (int r = 0; r < Rodadas && ok; ++r) {
-        gravar.push_back(Medir([&] { ok = repD.GravarItens(Empr, Compra); }));
+        gravar.push_back(Medir([&] { ok = repD.GravarItens({Empr, 10, Compra}); }));
         gravarPuro.push_back(Medir([&] { ok = ok && Repetir(conexao, sqlGravar); }));
-        carregar.push_back(Medir([&] { ok = ok && repD.CarregarItens(Empr, Compra); }));
+        carregar.push_back(Medir([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); }));
         carregarPuro.push_back(Medir([&] { ok = ok && Repetir(conexao, sqlCarregar); }));
     }
     if (!ok) {

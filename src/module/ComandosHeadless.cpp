@@ -118,58 +118,38 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     return 0;
 }
 
-// The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code.
-struct TNotaPedida
-{
-    int empr = 0;
-    int estacao = -1;   // any
-    int compra = 0;
-};
-
-std::optional<TNotaPedida> lerNota(const QString &texto)
+// The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code. The
+// station is -1 when not given: any station.
+std::optional<TChaveNota> lerNota(const QString &texto)
 {
     static const QRegularExpression formato(QStringLiteral("^(\\d{1,9})-(?:(\\d{1,9})-)?(\\d{1,9})$"));
     const QRegularExpressionMatch m = formato.match(texto.trimmed());
     if (!m.hasMatch())
         return std::nullopt;
-    TNotaPedida nota;
-    nota.empr = m.captured(1).toInt();
-    if (m.hasCaptured(2))
-        nota.estacao = m.captured(2).toInt();
-    nota.compra = m.captured(3).toInt();
-    return nota;
+    return TChaveNota{m.captured(1).toInt(), m.hasCaptured(2) ? m.captured(2).toInt() : -1, m.captured(3).toInt()};
 }
 
-// Puts the list's cursor on the note; a message on `erros` when it is missing or ambiguous.
-bool localizar(TClientDataSet &notas, const TNotaPedida &pedida, const QString &texto, const QString &comando,
-               QTextStream &erros)
+// Reads the one note named; a message on `erros` when it is missing or ambiguous.
+std::optional<TNotaLinha> lerDoBanco(TRepD &repD, const TChaveNota &pedida, const QString &texto,
+                                     const QString &comando, QTextStream &erros)
 {
-    QList<int> linhas;
-    QList<int> estacoes;
-    notas.First();
-    for (int linha = 1; !notas.Eof(); notas.Next(), ++linha) {
-        const int estacao = notas.FieldByName(QStringLiteral("ESTACAO_COD")).AsInteger();
-        if (notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger() == pedida.empr
-            && notas.FieldByName(QStringLiteral("compra_COD")).AsInteger() == pedida.compra
-            && (pedida.estacao < 0 || estacao == pedida.estacao)) {
-            linhas << linha;
-            estacoes << estacao;
-        }
-    }
-    if (linhas.isEmpty()) {
+    if (!repD.CarregarNota(pedida.emprCod, pedida.estacaoCod, pedida.compraCod))
+        return std::nullopt;
+    TClientDataSet &notas = repD.Notas();
+    if (notas.IsEmpty()) {
         erros << "pavrel " << comando << ": nota " << texto << " não encontrada" << Qt::endl;
-        return false;
+        return std::nullopt;
     }
-    if (linhas.size() > 1) {
+    if (notas.RecordCount() > 1) {
         QStringList opcoes;
-        for (int estacao : estacoes)
-            opcoes << QStringLiteral("%1-%2-%3").arg(pedida.empr).arg(estacao).arg(pedida.compra);
+        for (notas.First(); !notas.Eof(); notas.Next())
+            opcoes << QStringLiteral("%1-%2-%3").arg(pedida.emprCod).arg(TNotaLinha::DaLinhaAtual(notas).chave.estacaoCod)
+                          .arg(pedida.compraCod);
         erros << "pavrel " << comando << ": há notas " << texto << " de várias estações; indique uma: "
               << opcoes.join(QStringLiteral(", ")) << Qt::endl;
-        return false;
+        return std::nullopt;
     }
-    notas.SetRecNo(linhas.first());
-    return true;
+    return repD.NotaAtual();
 }
 
 // The console's dialogs, counting what they show: a refusal that the screen leaves silent (a
@@ -225,38 +205,31 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TRepD repD(conexao);
-    TFiltroNotas todas;
-    todas.considerarDatas = false;
-    todas.canceladosIndice = 0;
-    todas.origemIndice = 0;
-    if (!repD.CarregarNotas(todas))
+    const std::optional<TNotaLinha> nota = lerDoBanco(repD, *pedida, texto, comando, erros);
+    if (!nota)
         return 1;
-    TClientDataSet &notas = repD.Notas();
-    if (!localizar(notas, *pedida, texto, comando, erros))
-        return 1;
-    const QString doc = notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
+    const QString doc = nota->chave.DocStr();
 
-    TAcoesNota acoes(repD, conexao);
+    TAcoesNota acoes(conexao);
     acoes.SetSomarIPI(Config::LigadoSalvoN(conexao, QStringLiteral("REP_IPI_SOMAR")));
     bool feito = false;
     QString resultado;
     if (comando == QLatin1String("post")) {
-        feito = acoes.BaixouNota(false);
+        feito = acoes.BaixouNota(nota, false);
         resultado = QStringLiteral("baixada");
     } else if (comando == QLatin1String("cancel")) {
-        feito = acoes.CancelarNota();
+        feito = acoes.CancelarNota(nota);
         resultado = QStringLiteral("cancelada");
     } else if (comando == QLatin1String("unpost")) {
-        feito = acoes.DesbaixarActExecute(TDataSetState::Browse, TDataSetState::Browse);
+        feito = acoes.DesbaixarActExecute(nota, TDataSetState::Browse, TDataSetState::Browse);
         resultado = QStringLiteral("desbaixada");
     } else {
-        feito = acoes.NotaExportActExecute(TDataSetState::Browse, TDataSetState::Browse);
+        feito = acoes.NotaExportActExecute(nota, TDataSetState::Browse, TDataSetState::Browse);
         resultado = QStringLiteral("enviada à empresa de destino");
     }
     if (!feito) {
         if (dialogos.Mostrados() == 0) {
-            const bool semDestino = comando == QLatin1String("send")
-                                    && notas.FieldByName(QStringLiteral("DESTIN_EMPR_COD")).AsInteger() < 1;
+            const bool semDestino = comando == QLatin1String("send") && nota->destinEmprCod < 1;
             erros << "pavrel " << comando << ": nota " << doc
                   << (semDestino ? " sem empresa de destino" : ": nada foi feito") << Qt::endl;
         }

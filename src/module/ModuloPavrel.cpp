@@ -3,6 +3,7 @@
 #include "Contexto.h"
 #include "Database.h"
 #include "TConexaoSQL.h"
+#include "TConsultasDBI.h"
 
 #include <QFileInfo>
 #include <QProcessEnvironment>
@@ -45,8 +46,7 @@ bool Iniciar(const TDadosHost &dadosHost, QString *erro)
         *erro = conexao.UltimoErro();
         return false;
     }
-    contexto.ufEmpresa = conexao.ValorStr(
-        QStringLiteral("select uf from empr where empr_cod=%1").arg(contexto.empresa)).trimmed();
+    contexto.ufEmpresa = TConsultasDBI::UFEmpresa(conexao, contexto.empresa);
     conexao.Desconectar();
     return true;
 }

@@ -7,6 +7,7 @@
 #include "TAndamento.h"
 #include "TCabecNota.h"
 #include "TConexD.h"
+#include "TConsultasDBI.h"
 #include "TEdNotaPanel.h"
 #include "TItemNota.h"
 #include "TItemPanel.h"
@@ -204,17 +205,15 @@ void TRepF::AposRolarNotas()
 
 void TRepF::CarregarItensDaNota()
 {
-    TClientDataSet &notas = m_repD->Notas();
-    const QString chave = notas.IsEmpty() ? QString()
-                                          : notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
-    if (chave == m_itensDe)
+    const std::optional<TNotaLinha> nota = m_repD->NotaAtual();
+    const QString doc = nota ? nota->chave.DocStr() : QString();
+    if (doc == m_itensDe)
         return;
-    m_itensDe = chave;
-    if (chave.isEmpty())
+    m_itensDe = doc;
+    if (!nota)
         m_repD->Itens().EmptyDataSet();
     else
-        m_repD->CarregarItens(notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger(),
-                              notas.FieldByName(QStringLiteral("compra_COD")).AsInteger(), m_andamento.get());
+        m_repD->CarregarItens(nota->chave, m_andamento.get());
     m_andamento->Fechar();
     AtualizarTotais();
 }
@@ -337,7 +336,7 @@ void TRepF::AltActExecute()
         return;
     {
         const QSignalBlocker bloqueio(TipoDocComboBox());
-        if (!m_cabec->CamposParaControlesNota())
+        if (!m_cabec->CamposParaControlesNota(m_repD->NotaAtual()->chave))
             return;
     }
     AbrirEdicaoNota(TDataSetState::Edit);
@@ -351,10 +350,8 @@ bool TRepF::ConfirmarNota()
     if (!gravou)
         return false;
     // The items go with the note; a failure was shown and what was written stays.
-    TClientDataSet &notas = m_repD->Notas();
-    m_repD->GravarItens(notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger(),
-                        notas.FieldByName(QStringLiteral("compra_COD")).AsInteger());
-    m_itensDe = notas.FieldByName(QStringLiteral("DOC_STR")).AsString();
+    m_repD->GravarItens(m_cabec->Chave());
+    m_itensDe = m_cabec->Chave().DocStr();
     FecharEdicaoNota();
     return true;
 }
@@ -421,11 +418,7 @@ void TRepF::closeEvent(QCloseEvent *event)
 
 void TRepF::ApagarPrecoZerado()
 {
-    TConexaoSQL &host = TConexD::Conexao();
-    if (!host.Conectar())
-        return;
-    host.Exec(QStringLiteral("delete from prod_preco where prod_cod=0 or prod_cod is null"));
-    host.Desconectar();
+    TConsultasDBI::ApagarPrecoZerado();
 }
 
 void TRepF::ExibirMenu()

@@ -99,8 +99,8 @@ int TRepF::NotaEmprCod() const
 
 int TRepF::NotaEstacaoCod() const
 {
-    TClientDataSet &notas = m_repD->Notas();
-    return notas.IsEmpty() ? 0 : notas.FieldByName(QStringLiteral("ESTACAO_COD")).AsInteger();
+    const auto nota = m_repD->NotaAtual();
+    return nota ? nota->chave.estacaoCod : 0;
 }
 
 bool TRepF::NotaPanelVisivel() const

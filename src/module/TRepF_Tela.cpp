@@ -4,6 +4,7 @@
 #include "TAndamento.h"
 #include "TClientManager.h"
 #include "TConexD.h"
+#include "TConsultasDBI.h"
 #include "TEdNotaPanel.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"
@@ -267,15 +268,10 @@ void TRepF::PrepEmprComboBox()
     empr->clear();
     destino->clear();
     destino->addItem(QStringLiteral("<NENHUMA>"), 0);
-    const auto q = m_conexao.Ab(QStringLiteral("select empr_cod, nome_red from empr order by empr_cod"));
-    if (!q)
-        return;
-    for (q->First(); !q->Eof(); q->Next()) {
-        const int codigo = q->Fields(0).AsInteger();
-        const QString texto = FormatFloat(QStringLiteral("000"), double(codigo)) + QStringLiteral(" - ")
-                              + q->Fields(1).AsString().trimmed();
-        empr->addItem(texto, codigo);
-        destino->addItem(texto, codigo);
+    for (const TCodigoTexto &e : TConsultasDBI::Empresas(m_conexao)) {
+        const QString texto = FormatFloat(QStringLiteral("000"), double(e.codigo)) + QStringLiteral(" - ") + e.texto;
+        empr->addItem(texto, e.codigo);
+        destino->addItem(texto, e.codigo);
     }
 }
 
@@ -288,15 +284,10 @@ void TRepF::PreencherFornec()
     m_fornecFiltro->clear();
     m_fornecFiltro->addItem(QStringLiteral("TODOS"), 0);
     transp->addItem(QString(), 0);
-    const auto q = m_conexao.Ab(QStringLiteral("SELECT FORNEC_COD, NOME_RED FROM FORNEC ORDER BY NOME_RED"));
-    if (!q)
-        return;
-    for (q->First(); !q->Eof(); q->Next()) {
-        const int codigo = q->Fields(0).AsInteger();
-        const QString nome = q->Fields(1).AsString().trimmed();
-        fornec->addItem(nome, codigo);
-        transp->addItem(nome, codigo);
-        m_fornecFiltro->addItem(nome, codigo);
+    for (const TCodigoTexto &f : TConsultasDBI::Fornecedores(m_conexao)) {
+        fornec->addItem(f.texto, f.codigo);
+        transp->addItem(f.texto, f.codigo);
+        m_fornecFiltro->addItem(f.texto, f.codigo);
     }
     fornec->setCurrentIndex(-1);
 }
@@ -305,11 +296,8 @@ void TRepF::PreencherUnid()
 {
     QComboBox *unid = m_itemPanel->UnidComboBox();
     unid->clear();
-    const auto q = m_conexao.Ab(QStringLiteral("SELECT UNID_COD, SIGLA FROM UNID ORDER BY DESCR"));
-    if (!q)
-        return;
-    for (q->First(); !q->Eof(); q->Next())
-        unid->addItem(q->Fields(1).AsString().trimmed(), q->Fields(0).AsInteger());
+    for (const TCodigoTexto &u : TConsultasDBI::Unidades(m_conexao))
+        unid->addItem(u.texto, u.codigo);
 }
 
 void TRepF::PreencherTrib()
@@ -322,7 +310,7 @@ void TRepF::PreencherTrib()
 
 void TRepF::criarPrecoEdits()
 {
-    if (Inteiro(QStringLiteral("select count(*) from tab_preco")) <= 0)
+    if (!TConsultasDBI::HaTabelasDePreco())
         return;
     int ordinal = 0;
     for (const TTabPreco &tabela : m_tabPrecoList.Tabelas()) {
@@ -335,17 +323,10 @@ void TRepF::criarPrecoEdits()
 
 void TRepF::criarGradeCombos()
 {
-    if (Inteiro(QStringLiteral("select count(*) from prod_grade")) <= 0)
-        return;
-    const auto q = m_conexao.Ab(QStringLiteral("select * from grade_tit order by grade_tit_cod"));
-    if (!q)
-        return;
-    const int descr = q->FieldIndex(QStringLiteral("descr"));
     int ordinal = 0;
-    for (q->First(); !q->Eof(); q->Next()) {
-        const QString titulo = descr >= 0 ? q->Fields(descr).AsString().trimmed() : QString();
-        QComboBox *combo = m_itemPanel->AdicionarGrade(QStringLiteral("GradeCombo%1").arg(++ordinal), titulo);
-        combo->setProperty("grade_tit_cod", q->FieldByName(QStringLiteral("grade_tit_cod")).AsInteger());
+    for (const TCodigoTexto &titulo : TConsultasDBI::TitulosDeGrade(m_conexao)) {
+        QComboBox *combo = m_itemPanel->AdicionarGrade(QStringLiteral("GradeCombo%1").arg(++ordinal), titulo.texto);
+        combo->setProperty("grade_tit_cod", titulo.codigo);
         m_gradeCombos << combo;
     }
 }

@@ -149,7 +149,7 @@ bool TCabecNota::NDocAceito()
 
 bool TCabecNota::NDocUnicoAceito()
 {
-    const TNotaCabec nota = ControlesParaCamposNota();
+    const TCompraCabecDBI nota = ControlesParaCamposNota();
     if (!podeChecar() || nota.fornecCod <= 0 || nota.ndoc <= 0)
         return true;
     if (m_conexao.ValorInt(nota.SqlNumeroUnico()) <= 0)
@@ -225,7 +225,7 @@ bool TCabecNota::DocAceito()
 void TCabecNota::CalcTotNota()
 {
     const TEdNotaPanel &p = *m_panel;
-    p.TotNumEditBR()->SetMoney(TNotaCabec::Total(p.TotProdNumEditBR()->AsMoney(), p.FreteNumEditBR()->AsMoney(),
+    p.TotNumEditBR()->SetMoney(TCompraCabecDBI::Total(p.TotProdNumEditBR()->AsMoney(), p.FreteNumEditBR()->AsMoney(),
                                                  p.OutrasNumEditBR()->AsMoney(), p.ICMSSTTotNumEditBR()->AsMoney(),
                                                  p.FCPTotNumEditBR()->AsMoney(), p.FCPSTTotNumEditBR()->AsMoney(),
                                                  p.DescontoTotNumEditBR()->AsMoney(), p.IPITotNumEditBR()->AsMoney(),
@@ -251,27 +251,21 @@ void TCabecNota::ZerarNota()
     p.FreteModalidadeComboBox()->setCurrentIndex(0);
     p.DtDocDtFr()->setDate(hoje);
     p.DtSaiDtFr()->setDate(hoje);
-    m_emprCod = 0;
-    m_estacaoCod = 0;
-    m_compraCod = 0;
+    m_chave = {};
     p.Abas()->setCurrentIndex(0);
 }
 
-bool TCabecNota::CamposParaControlesNota()
+bool TCabecNota::CamposParaControlesNota(const TChaveNota &chave)
 {
-    if (m_notas.IsEmpty())
-        return false;
     QString erro;
-    const auto lida = TNotaCabec::Ler(m_conexao, m_notas.FieldByName(QStringLiteral("EMPR_COD")).AsInteger(),
-                                      m_notas.FieldByName(QStringLiteral("ESTACAO_COD")).AsInteger(),
-                                      m_notas.FieldByName(QStringLiteral("compra_COD")).AsInteger(), m_ipiSomar, &erro);
+    const auto lida = TCompraCabecDBI::Ler(m_conexao, chave, m_ipiSomar, &erro);
     if (!lida) {
         MensagemErro(QStringLiteral("Erro lendo a nota: ") + erro);
         return false;
     }
-    const TNotaCabec &n = *lida;
+    const TCompraCabecDBI &n = *lida;
     TEdNotaPanel &p = *m_panel;
-    selecionarCodigo(p.EmprComboBox(), n.emprCod);
+    selecionarCodigo(p.EmprComboBox(), n.chave.emprCod);
     selecionarCodigo(p.DestinEmprComboBox(), n.destinEmprCod);
     p.TipoDocComboBox()->setCurrentIndex(TipoDoc::IndiceDoCodigo(n.tipoCod));
     p.DtDocDtFr()->setDate(n.dtDoc);
@@ -315,20 +309,16 @@ bool TCabecNota::CamposParaControlesNota()
     p.FretePesoLiqNumEditBR()->SetValue(n.pesoLiq);
     p.FretePesoBrutoNumEditBR()->SetValue(n.pesoBruto);
     CalcTotNota();
-    m_emprCod = n.emprCod;
-    m_estacaoCod = n.estacaoCod;
-    m_compraCod = n.compraCod;
+    m_chave = n.chave;
     p.Abas()->setCurrentIndex(0);
     return true;
 }
 
-TNotaCabec TCabecNota::ControlesParaCamposNota() const
+TCompraCabecDBI TCabecNota::ControlesParaCamposNota() const
 {
     const TEdNotaPanel &p = *m_panel;
-    TNotaCabec n;
-    n.emprCod = codigoSelecionado(p.EmprComboBox());
-    n.estacaoCod = m_estacaoCod;
-    n.compraCod = m_compraCod;
+    TCompraCabecDBI n;
+    n.chave = {codigoSelecionado(p.EmprComboBox()), m_chave.estacaoCod, m_chave.compraCod};
     n.destinEmprCod = codigoSelecionado(p.DestinEmprComboBox());
     n.tipoCod = tipoCod();
     n.dtDoc = p.DtDocDtFr()->date();
@@ -376,21 +366,12 @@ TNotaCabec TCabecNota::ControlesParaCamposNota() const
     return n;
 }
 
-// The destination's name as the note list shows it.
-QString TCabecNota::nomeDestino(int destinEmprCod)
-{
-    if (destinEmprCod <= 0)
-        return {};
-    const QString nome = m_conexao.ValorStr(QStringLiteral("select raz from empr where empr_cod=%1").arg(destinEmprCod));
-    return nome.isEmpty() ? QStringLiteral("<NÃO ENCONTRADO>") : nome.trimmed();
-}
-
 bool TCabecNota::NotaConfirmIns()
 {
-    TNotaCabec nota = ControlesParaCamposNota();
-    nota.estacaoCod = TConexD::EstacaoCod();
-    nota.compraCod = int(m_conexao.ProximoGenerator(QStringLiteral("compra_g")));
-    if (nota.compraCod <= 0) {
+    TCompraCabecDBI nota = ControlesParaCamposNota();
+    nota.chave.estacaoCod = TConexD::EstacaoCod();
+    nota.chave.compraCod = TCompraCabecDBI::ProximoCodigo(m_conexao);
+    if (nota.chave.compraCod <= 0) {
         MensagemErro(QStringLiteral("Erro obtendo o código da nova nota: ") + m_conexao.UltimoErro());
         return false;
     }
@@ -404,28 +385,26 @@ bool TCabecNota::NotaConfirmIns()
         return false;
     }
     m_notas.Append();
-    nota.ParaLinhaDaLista(m_notas, nomeDestino(nota.destinEmprCod));
+    nota.ParaLinhaDaLista(m_notas, TCompraCabecDBI::NomeDestino(m_conexao, nota.destinEmprCod));
     m_notas.Post();
-    m_emprCod = nota.emprCod;
-    m_estacaoCod = nota.estacaoCod;
-    m_compraCod = nota.compraCod;
+    m_chave = nota.chave;
     return true;
 }
 
 bool TCabecNota::NotaConfirmAlt()
 {
-    TNotaCabec nota = ControlesParaCamposNota();
-    nota.emprCod = m_emprCod;   // the company is part of the key; the update does not move the note
+    TCompraCabecDBI nota = ControlesParaCamposNota();
+    nota.chave.emprCod = m_chave.emprCod;   // the company is part of the key; the update does not move the note
     nota.baixado = m_notas.FieldByName(QStringLiteral("BAIXADO")).AsBoolean();
     nota.cancelado = m_notas.FieldByName(QStringLiteral("CANCELADO")).AsBoolean();
     if (!m_conexao.Exec(nota.SqlUpdate())) {
         MensagemErro(QStringLiteral("Erro gravando a nota: ") + m_conexao.UltimoErro());
         return false;
     }
-    const QString chave = QStringLiteral("%1-%2-%3").arg(nota.emprCod).arg(nota.estacaoCod).arg(nota.compraCod);
+    const QString chave = QStringLiteral("%1-%2-%3").arg(nota.chave.emprCod).arg(nota.chave.estacaoCod).arg(nota.chave.compraCod);
     InsLogAlt(m_conexao, QStringLiteral("COMPRA"), chave, QStringLiteral("Alteração do cabeçalho da nota"));
     m_notas.Edit();
-    nota.ParaLinhaDaLista(m_notas, nomeDestino(nota.destinEmprCod));
+    nota.ParaLinhaDaLista(m_notas, TCompraCabecDBI::NomeDestino(m_conexao, nota.destinEmprCod));
     m_notas.Post();
     return true;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "TNotaCabec.h"
+#include "TCompraCabecDBI.h"
 
 #include <QHash>
 #include <QObject>
@@ -23,10 +23,11 @@ public:
     void SetIPISomar(bool somar) { m_ipiSomar = somar; }
 
     void ZerarNota();
-    // The current note of the list into the fields; false (with the reason shown) when it cannot
-    // be read.
-    bool CamposParaControlesNota();
-    TNotaCabec ControlesParaCamposNota() const;
+    // The stored note into the fields; false (with the reason shown) when it cannot be read.
+    bool CamposParaControlesNota(const TChaveNota &chave);
+    TCompraCabecDBI ControlesParaCamposNota() const;
+    // The note being inserted or altered; zeros while none.
+    const TChaveNota &Chave() const { return m_chave; }
     void CalcTotNota();
 
     // Each answers true when the field is acceptable, or when the panel is hidden or the focus
@@ -56,7 +57,6 @@ private:
     bool podeChecar() const;
     bool recusar(QWidget *campo, void (*mensagem)(const QString &), const QString &texto);
     int indiceTipo() const;
-    QString nomeDestino(int destinEmprCod);
     int tipoCod() const;
 
     TEdNotaPanel *m_panel;
@@ -64,8 +64,6 @@ private:
     TConexaoSQL &m_conexao;
     bool m_ipiSomar = true;
     bool m_checando = false;
-    int m_emprCod = 0;          // key of the note being altered
-    int m_estacaoCod = 0;
-    int m_compraCod = 0;
+    TChaveNota m_chave;
     QHash<QObject *, std::function<bool()>> m_checkAoSair;
 };

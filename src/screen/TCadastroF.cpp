@@ -146,18 +146,9 @@ QWidget *TCadastroF::Campo(const QString &coluna) const
     return findChild<QWidget *>(QStringLiteral("Campo_") + coluna);
 }
 
-QString TCadastroF::SqlSelect(const TDefCadastro &def)
-{
-    QStringList nomes;
-    for (const TColunaCadastro &c : def.colunas)
-        nomes << c.nome;
-    return QLatin1String("select ") + nomes.join(QLatin1String(", ")) + QLatin1String(" from ") + def.tabela
-           + QLatin1String(" order by ") + def.colunas.first().nome;
-}
-
 bool TCadastroF::Carregar(int codigo)
 {
-    const auto q = m_conexao.Ab(SqlSelect(m_def));
+    const auto q = m_conexao.Ab(TCadastroDBI::SqlSelect(m_def));
     if (!q) {
         MensagemErro(QStringLiteral("Erro lendo ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
         return false;
@@ -208,9 +199,7 @@ void TCadastroF::linhaParaCampos()
 
 void TCadastroF::Novo()
 {
-    const QString chave = m_def.colunas.first().nome;
-    const int proximo = m_conexao.ValorInt(QLatin1String("select coalesce(max(") + chave + QLatin1String("), 0) + 1 from ")
-                                           + m_def.tabela);
+    const int proximo = m_conexao.ValorInt(TCadastroDBI::SqlProximoCodigo(m_def));
     for (QWidget *campo : std::as_const(m_campos)) {
         if (auto *num = qobject_cast<TNumEditBR *>(campo))
             num->SetValue(0);
@@ -259,25 +248,11 @@ bool TCadastroF::Gravar()
         Campo(chave.nome)->setFocus();
         return false;
     }
-    QStringList sql;
-    if (novo) {
-        QStringList nomes;
-        QStringList valores;
-        for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
-            nomes << c.nome;
-            valores << valorSql(c);
-        }
-        sql << QLatin1String("insert into ") + m_def.tabela + QLatin1String(" (") + nomes.join(QLatin1String(", "))
-                   + QLatin1String(") values (") + valores.join(QLatin1String(", ")) + QLatin1Char(')');
-        if (m_def.aoInserir)
-            sql << m_def.aoInserir(codigo);
-    } else {
-        QStringList atribuicoes;
-        for (qsizetype i = 1; i < m_def.colunas.size(); ++i)
-            atribuicoes << m_def.colunas.at(i).nome + QLatin1Char('=') + valorSql(m_def.colunas.at(i));
-        sql << QLatin1String("update ") + m_def.tabela + QLatin1String(" set ") + atribuicoes.join(QLatin1String(", "))
-                   + QLatin1String(" where ") + chave.nome + QLatin1Char('=') + QString::number(codigo);
-    }
+    QStringList valores;
+    for (const TColunaCadastro &c : std::as_const(m_def.colunas))
+        valores << valorSql(c);
+    const QStringList sql = novo ? TCadastroDBI::SqlInserir(m_def, valores, codigo)
+                                 : QStringList{TCadastroDBI::SqlAlterar(m_def, valores, codigo)};
     for (const QString &s : std::as_const(sql)) {
         if (!m_conexao.Exec(s)) {
             MensagemErro(QStringLiteral("Erro gravando ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
@@ -295,11 +270,31 @@ bool TCadastroF::Excluir()
         return false;
     const TColunaCadastro &chave = m_def.colunas.first();
     const int codigo = m_linhas->FieldByName(chave.nome).AsInteger();
-    if (!m_conexao.Exec(QLatin1String("delete from ") + m_def.tabela + QLatin1String(" where ") + chave.nome
-                        + QLatin1Char('=') + QString::number(codigo))) {
+    if (!m_conexao.Exec(TCadastroDBI::SqlExcluir(m_def, codigo))) {
         MensagemErro(QStringLiteral("Erro excluindo de ") + m_def.titulo + QStringLiteral(": ") + m_conexao.UltimoErro());
         return false;
     }
     m_alterado = true;
     return Carregar();
 }
+
+namespace Cadastros {
+
+std::unique_ptr<TCadastroF> Criar(const QString &form, const QString &acao, TConexaoSQL &conexao, QWidget *parent)
+{
+    const TDefCadastro *def = TCadastroDBI::Definicao(form, acao);
+    if (!def)
+        return nullptr;
+    return std::make_unique<TCadastroF>(*def, conexao, parent);
+}
+
+bool Abrir(const QString &form, const QString &acao, TConexaoSQL &conexao, QWidget *parent)
+{
+    const auto editor = Criar(form, acao, conexao, parent);
+    if (!editor)
+        return false;
+    editor->exec();
+    return editor->Alterado();
+}
+
+} // namespace Cadastros

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TCadastroDBI.h"
+
 #include <QDialog>
 #include <QList>
 #include <QString>
@@ -12,37 +14,6 @@ class QTableView;
 class TClientDataSet;
 class TClientManager;
 class TConexaoSQL;
-
-// How a column of a register is typed and spliced into SQL.
-enum class TTipoColunaCadastro {
-    Codigo,     // integer
-    Texto,      // quoted text, empty is NULL
-    Valor,      // decimal number (money, rates)
-    Quantidade, // decimal number with 3 places
-    Lista,      // integer code chosen from a list (`lista` gives "select code, text ...")
-};
-
-struct TColunaCadastro
-{
-    QString nome;           // column of the table
-    QString titulo;         // caption in the grid and beside the field
-    TTipoColunaCadastro tipo = TTipoColunaCadastro::Texto;
-    int tamanho = 0;        // characters of a text; decimals of a value
-    bool obrigatoria = false;
-    QString lista;          // for Lista: the statement that fills the choice
-};
-
-// One register table: its key (the first column, an integer code) and its columns.
-struct TDefCadastro
-{
-    QString form;           // host form name, e.g. "UnidF"
-    QString acao;           // host action name, e.g. "EstoqUnidAct"
-    QString titulo;         // window title
-    QString tabela;
-    QList<TColunaCadastro> colunas;
-    // Run after a new row is inserted, given the new code; may add rows of other tables.
-    QStringList (*aoInserir)(int codigo) = nullptr;
-};
 
 // A small register editor: a grid over the table, and below it one field per column with
 // "Novo", "Gravar" and "Excluir". Every statement splices its values through the value
@@ -73,8 +44,6 @@ public:
     // Whether anything was written since the dialog opened.
     bool Alterado() const { return m_alterado; }
 
-    static QString SqlSelect(const TDefCadastro &def);
-
 private:
     void montar();
     void linhaParaCampos();
@@ -95,9 +64,6 @@ private:
 
 namespace Cadastros {
 
-// The registers the item panel opens: "ProdF"/"TabProdAct" (products), "UnidF"/"EstoqUnidAct"
-// (units) and "TribF"/"TabFiscoTributAct" (tax situations). Null for other names.
-const TDefCadastro *Definicao(const QString &form, const QString &acao);
 // The editor of a register, not shown; null for names it does not know.
 std::unique_ptr<TCadastroF> Criar(const QString &form, const QString &acao, TConexaoSQL &conexao,
                                   QWidget *parent = nullptr);

@@ -93,14 +93,6 @@ public:
     // when there are no price tables.
     TNumEditBR *PrecoUltimoEdit() const;
 
-    // Statement texts; codes as integers, texts quoted, numbers with a point.
-    static QString SqlGravarProd(int prodCod, double embQtd, int tribCod, Money ipi, const QString &ncm);
-    static QString SqlGravarMargem(int prodCod, int emprCod, Money margem);
-    static QString SqlGravarNCM(int prodCod, const QString &ncm);
-    // The item and its price rows, for a note stored in the database.
-    static QStringList SqlExcluirItem(int emprCod, int compraItemTmpCod, int estacaoCod);
-    static QString SqlGradesDoProd(int prodCod);
-
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 

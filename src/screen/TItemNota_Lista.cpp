@@ -1,6 +1,7 @@
 // The item panel's controller: the panel into the item list and back, insert, update, edit and
 // delete of items, and clearing the panel.
 #include "TItemNota.h"
+#include "TItemNotaDBI.h"
 
 #include "Dialogos.h"
 #include "TBuscaProd.h"
@@ -303,7 +304,7 @@ void TItemNota::ExcluirItem()
         return;
     // A new note's items live only on the screen; a stored note's go from the database at once.
     if (cabec == TDataSetState::Edit) {
-        const QStringList sql = SqlExcluirItem(m_tela.NotaEmprCod(),
+        const QStringList sql = TItemNotaDBI::SqlExcluirItem(m_tela.NotaEmprCod(),
                                                ds.FieldByName(QStringLiteral("COMPRA_ITEM_TMP_COD")).AsInteger(),
                                                m_tela.NotaEstacaoCod());
         if (!TConexD::Executar(sql.at(0))) {

@@ -1,6 +1,7 @@
 // The item panel's controller: finding the product, filling the panel from its master data,
 // quantities and sale prices, and the product data written back.
 #include "TItemNota.h"
+#include "TItemNotaDBI.h"
 
 #include "Contexto.h"
 #include "Dialogos.h"
@@ -167,18 +168,15 @@ void TItemNota::focarPorTipo()
 void TItemNota::CriaCombosGrade(int prodCod)
 {
     ZerarCombos();
-    const auto q = m_conexao.Ab(SqlGradesDoProd(prodCod));
-    if (!q) {
+    const auto titulos = TItemNotaDBI::GradesDoProd(m_conexao, prodCod);
+    if (!titulos) {
         MensagemErro(QStringLiteral("Erro lendo as grades do produto: ") + m_conexao.UltimoErro());
         return;
     }
-    QSet<int> titulos;
-    for (q->First(); !q->Eof(); q->Next())
-        titulos.insert(q->Fields(0).AsInteger());
     TBuscaProd busca(m_conexao, emprCod());
     for (QComboBox *combo : m_tela.GradeCombos()) {
         const int titulo = combo->property("grade_tit_cod").toInt();
-        if (!titulos.contains(titulo))
+        if (!titulos->contains(titulo))
             continue;
         for (const TGradeItem &item : busca.ItensGrade(titulo))
             combo->addItem(item.descr, item.codigo);
@@ -246,12 +244,12 @@ void TItemNota::GravarProd()
         return;
     TConexaoSQL &host = TConexD::Conexao();
     if (p.TribComboBox()->currentIndex() >= 0
-        && !TConexD::Executar(SqlGravarProd(prodCod, p.EmbQtdNumEditBR()->Value(), p.TribComboBox()->currentData().toInt(),
+        && !TConexD::Executar(TItemNotaDBI::SqlGravarProd(prodCod, p.EmbQtdNumEditBR()->Value(), p.TribComboBox()->currentData().toInt(),
                                             p.pIPINumEditBR()->AsMoney(), DigitosNCM(p.NCMMaskEdit())))) {
         MensagemErro(QStringLiteral("Erro gravando os dados do produto: ") + host.UltimoErro());
         return;
     }
-    if (!TConexD::Executar(SqlGravarMargem(prodCod, emprCod(), p.MargemNumEditBR()->AsMoney())))
+    if (!TConexD::Executar(TItemNotaDBI::SqlGravarMargem(prodCod, emprCod(), p.MargemNumEditBR()->AsMoney())))
         MensagemErro(QStringLiteral("Erro gravando a margem do produto: ") + host.UltimoErro());
 }
 
@@ -263,7 +261,7 @@ void TItemNota::GravarNCM()
     if (prodCod == 0 || ncm.isEmpty() || ncm == m_ncmLido)
         return;
     TConexaoSQL &host = TConexD::Conexao();
-    if (!host.Exec(SqlGravarNCM(prodCod, ncm))) {
+    if (!host.Exec(TItemNotaDBI::SqlGravarNCM(prodCod, ncm))) {
         MensagemErro(QStringLiteral("Erro gravando o NCM do produto: ") + host.UltimoErro());
         return;
     }

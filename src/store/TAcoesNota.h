@@ -1,23 +1,24 @@
 #pragma once
 
+#include "TChaveNota.h"
 #include "TClientDataSet.h"
 
 #include <functional>
+#include <optional>
 
 class TConexaoSQL;
-class TRepD;
 
-// What the main screen's actions do to the note of the current row of the note list: post,
-// cancel, unpost, send to the destination company. No widgets: the screen and the headless
-// commands both call these, and each answers whether it did its work. Every refusal shows its
-// message (or, where the screen simply ignores the press, only a level-80 trace) and leaves the
-// database as it was. Disabling the action while it runs, letting pending events through first
-// and refreshing the controls afterwards stay with the screen.
+// What the main screen's actions do to one note: post, cancel, unpost, send to the destination
+// company. The note comes as a value (nothing when the list is empty); no grid is read or
+// written here, so the screen and the headless commands both call these, and each answers
+// whether it did its work. Every refusal shows its message (or, where the screen simply ignores
+// the press, only a level-80 trace) and leaves the database as it was. Disabling the action while
+// it runs and showing the note's new state stay with the caller.
 class TAcoesNota final
 {
 public:
     // `conexao`: the module's connection.
-    TAcoesNota(TRepD &repD, TConexaoSQL &conexao);
+    explicit TAcoesNota(TConexaoSQL &conexao);
 
     // The header check that runs before posting while the note panel is shown; by default the
     // header is accepted.
@@ -27,19 +28,17 @@ public:
 
     // Refuses a posted note ("Esta nota já foi baixada", unless `silencioso`); then the header
     // check, the totals and item gates, and the posting itself.
-    bool BaixouNota(bool silencioso);
+    bool BaixouNota(const std::optional<TNotaLinha> &nota, bool silencioso);
     // Marks the note cancelled after the standard delete confirmation; once only.
-    bool CancelarNota();
-    // Takes a posted note back out of stock, after asking; the row then shows it unposted, so
-    // that it can be posted again without reloading the list. Both states must be browse.
-    bool DesbaixarActExecute(TDataSetState cabecState, TDataSetState itemState);
+    bool CancelarNota(const std::optional<TNotaLinha> &nota);
+    // Takes a posted note back out of stock, after asking. Both states must be browse.
+    bool DesbaixarActExecute(const std::optional<TNotaLinha> &nota, TDataSetState cabecState,
+                             TDataSetState itemState);
     // Enters a posted note in its destination company's stock. Both states must be browse.
-    bool NotaExportActExecute(TDataSetState cabecState, TDataSetState itemState);
+    bool NotaExportActExecute(const std::optional<TNotaLinha> &nota, TDataSetState cabecState,
+                              TDataSetState itemState);
 
 private:
-    TClientDataSet &Notas();
-
-    TRepD &m_repD;
     TConexaoSQL &m_conexao;
     std::function<bool()> m_docAceito;
     bool m_somarIPI = true;

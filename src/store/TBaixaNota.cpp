@@ -4,7 +4,6 @@
 #include "Debug.h"
 #include "Dialogos.h"
 #include "ErroBanco.h"
-#include "TClientDataSet.h"
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TEstMovCompo_DBI.h"
@@ -97,28 +96,6 @@ private:
 
 } // namespace
 
-TNotaLinha TNotaLinha::DaLinhaAtual(const TClientDataSet &notas)
-{
-    TNotaLinha n;
-    if (notas.IsEmpty())
-        return n;
-    auto inteiro = [&notas](const char *nome) { return notas.FieldByName(QLatin1String(nome)).AsInteger(); };
-    n.emprCod = inteiro("EMPR_COD");
-    n.estacaoCod = inteiro("ESTACAO_COD");
-    n.compraCod = inteiro("compra_COD");
-    n.tipoCod = inteiro("TIPO_cod");
-    n.fornecCod = inteiro("FORNEC_COD");
-    n.destinEmprCod = inteiro("DESTIN_EMPR_COD");
-    n.baixado = notas.FieldByName(QStringLiteral("BAIXADO")).AsBoolean();
-    n.cancelado = notas.FieldByName(QStringLiteral("CANCELADO")).AsBoolean();
-    return n;
-}
-
-QString TNotaLinha::DocStr() const
-{
-    return QStringLiteral("%1-%2").arg(emprCod, 3, 10, QLatin1Char('0')).arg(compraCod, 7, 10, QLatin1Char('0'));
-}
-
 double TBaixaNota::QtdDoItem(double embQtd, double qtdEmbs)
 {
     return RoundTo(RoundTo(embQtd, 3) * RoundTo(qtdEmbs, 3), 3);
@@ -136,22 +113,22 @@ Money TBaixaNota::CustoDoItem(Money custoTot, Money outras, Money desconto, doub
 
 QString TBaixaNota::SQLContaItensABaixar(const TNotaLinha &nota)
 {
-    return QLatin1String("select count(*) from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.emprCod)
-           + QLatin1String(" and compra_cod=") + Int(nota.compraCod) + QLatin1String(" and compra_item_tmp.estacao_cod=")
-           + Int(nota.estacaoCod) + QLatin1String("\r\n");
+    return QLatin1String("select count(*) from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.chave.emprCod)
+           + QLatin1String(" and compra_cod=") + Int(nota.chave.compraCod) + QLatin1String(" and compra_item_tmp.estacao_cod=")
+           + Int(nota.chave.estacaoCod) + QLatin1String("\r\n");
 }
 
 QString TBaixaNota::SQLItensABaixar(const TNotaLinha &nota)
 {
-    return QLatin1String("select * from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.emprCod)
-           + QLatin1String(" and compra_cod=") + Int(nota.compraCod)
+    return QLatin1String("select * from COMPRA_ITEM_TMP where empr_cod=") + Int(nota.chave.emprCod)
+           + QLatin1String(" and compra_cod=") + Int(nota.chave.compraCod)
            + QLatin1String(" and compra_item_tmp.estacao_cod=10\r\n order by compra_item_tmp_cod");
 }
 
 QString TBaixaNota::SQLPrecosDeUmItem(const TNotaLinha &nota, int itemCod)
 {
-    return QLatin1String("select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=") + Int(nota.emprCod)
-           + QLatin1String(" and estacao_cod=") + Int(nota.estacaoCod) + QLatin1String(" and compra_item_tmp_cod=")
+    return QLatin1String("select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=") + Int(nota.chave.emprCod)
+           + QLatin1String(" and estacao_cod=") + Int(nota.chave.estacaoCod) + QLatin1String(" and compra_item_tmp_cod=")
            + Int(itemCod) + QLatin1String(" order by tab_preco_cod");
 }
 
@@ -163,7 +140,7 @@ QString TBaixaNota::SqlConfigBaixa()
 int TBaixaNota::GetEstMovCod(TConexaoSQL &conexao, const TNotaLinha &nota, const TItemBaixa &item, double qtd,
                              Money custo, Money preco)
 {
-    return CompraEstMovInsNovo(conexao, nota.emprCod, TConexD::EstacaoCod(), nota.compraCod, item.prodCod, qtd, custo,
+    return CompraEstMovInsNovo(conexao, nota.chave.emprCod, TConexD::EstacaoCod(), nota.chave.compraCod, item.prodCod, qtd, custo,
                                item.custoTot, preco, item.desconto, QLatin1Char(' '), item.cfop, item.trib);
 }
 
@@ -200,10 +177,10 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
         TEstMovCompo_DBI::Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd, conexao);
         ExecOuErro(conexao,
                    QLatin1String("update est_mov set info_adic=") + QuotedStr(item.infoAdic)
-                       + QLatin1String(" where empr_cod=") + Int(nota.emprCod)
+                       + QLatin1String(" where empr_cod=") + Int(nota.chave.emprCod)
                        + QLatin1String(" and estacao_cod=10 and est_mov_cod=") + Int(estMovCod),
                    QStringLiteral("gravar as informações adicionais do movimento %1").arg(estMovCod));
-        EstMovAjusteTrib(conexao, nota.emprCod, TConexD::EstacaoCod(), estMovCod, item.trib.vICMS);
+        EstMovAjusteTrib(conexao, nota.chave.emprCod, TConexD::EstacaoCod(), estMovCod, item.trib.vICMS);
 
         rastro(QStringLiteral("vai testar se tipo_cod=34 compra ou 37, nota de prod. (%1)").arg(nota.tipoCod));
         if (!criaCustos)
@@ -214,7 +191,7 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
             rastro(QStringLiteral("custo=") + FloatToStrPonto(custo));
             rastro(QStringLiteral("fornec_cod=") + Int(nota.fornecCod));
         }
-        ProdInserirCusto(EmprCustosPrecos, item.prodCod, custo, nota.fornecCod, nota.compraCod, estMovCod);
+        ProdInserirCusto(EmprCustosPrecos, item.prodCod, custo, nota.fornecCod, nota.chave.compraCod, estMovCod);
         custeados << Int(item.prodCod);
         rastro(QStringLiteral("inseriu custo"));
         rastro(QStringLiteral("vai iniciar loop de criacao de precos"));
@@ -235,9 +212,8 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
 
 } // namespace
 
-bool TBaixaNota::BaixarNota(TClientDataSet &notas, bool somarIPI)
+bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
 {
-    const TNotaLinha nota = TNotaLinha::DaLinhaAtual(notas);
     TRastroBaixa rastro;
 
     if (!m_conexao.Conectar()) {
@@ -258,7 +234,7 @@ bool TBaixaNota::BaixarNota(TClientDataSet &notas, bool somarIPI)
     const auto itens = m_conexao.Ab(SQLItensABaixar(nota));
     if (!itens) {
         MensagemErro(QStringLiteral("Não foi possível ler os itens da nota %1. A nota não foi baixada.\n%2")
-                         .arg(nota.DocStr(), m_conexao.UltimoErro()));
+                         .arg(nota.chave.DocStr(), m_conexao.UltimoErro()));
         return false;
     }
 
@@ -272,7 +248,7 @@ bool TBaixaNota::BaixarNota(TClientDataSet &notas, bool somarIPI)
     const auto falhou = [&](const QString &causa) {
         MensagemErro(QStringLiteral("A baixa da nota %1 parou %2.\n%3\nA nota continua não baixada; os movimentos "
                                     "de estoque dos itens anteriores foram mantidos.")
-                         .arg(nota.DocStr(), onde, causa));
+                         .arg(nota.chave.DocStr(), onde, causa));
         return false;
     };
     try {
@@ -286,19 +262,13 @@ bool TBaixaNota::BaixarNota(TClientDataSet &notas, bool somarIPI)
         return falhou(QString::fromUtf8(e.what()));
     }
 
-    if (!TConexD::Executar(QLatin1String("update compra set baixado='S' where empr_cod=") + Int(nota.emprCod)
-                           + QLatin1String(" and compra_cod=") + Int(nota.compraCod)
-                           + QLatin1String(" and estacao_cod=") + Int(nota.estacaoCod))) {
+    if (!TConexD::Executar(QLatin1String("update compra set baixado='S' where empr_cod=") + Int(nota.chave.emprCod)
+                           + QLatin1String(" and compra_cod=") + Int(nota.chave.compraCod)
+                           + QLatin1String(" and estacao_cod=") + Int(nota.chave.estacaoCod))) {
         MensagemErro(QStringLiteral("Os movimentos de estoque da nota %1 foram gravados, mas não foi possível "
                                     "marcá-la como baixada.\n%2")
-                         .arg(nota.DocStr(), TConexD::Conexao().UltimoErro()));
+                         .arg(nota.chave.DocStr(), TConexD::Conexao().UltimoErro()));
         return false;
-    }
-    if (!notas.IsEmpty()) {
-        notas.Edit();
-        notas.FieldByName(QStringLiteral("BAIXADO")).SetAsBoolean(true);
-        notas.FieldByName(QStringLiteral("BAIXADO_STR")).SetAsString(RepBaixadoStr(true));
-        notas.Post();
     }
     return true;
 }

@@ -1,30 +1,12 @@
 #pragma once
 
 #include "Money.h"
+#include "TChaveNota.h"
 #include "UEstoque.h"
 
 #include <QString>
 
-class TClientDataSet;
 class TConexaoSQL;
-
-// The note of the current row of the note list, as posting and the other actions read it.
-struct TNotaLinha
-{
-    int emprCod = 0;
-    int estacaoCod = 0;
-    int compraCod = 0;
-    int tipoCod = 34;
-    int fornecCod = 0;
-    int destinEmprCod = 0;
-    bool baixado = false;
-    bool cancelado = false;
-
-    // Zeros when the list is empty.
-    static TNotaLinha DaLinhaAtual(const TClientDataSet &notas);
-    // "001-0000345"
-    QString DocStr() const;
-};
 
 // One staged item as posting uses it.
 struct TItemBaixa
@@ -48,12 +30,11 @@ public:
     // `conexao`: the module's connection; costs, prices and the final mark go through the host's.
     explicit TBaixaNota(TConexaoSQL &conexao) : m_conexao(conexao) {}
 
-    // Posts the note of the current row of `notas` and marks the row posted. Whether the note is
-    // already posted is the caller's check. `somarIPI` is the screen's REP_IPI_SOMAR flag.
+    // Posts the note and marks it posted. Whether the note is already posted is the caller's check. `somarIPI` is the screen's REP_IPI_SOMAR flag.
     // No transaction: when a statement fails part-way the movements of the items already handled
     // stay and the note stays unposted; the failure is shown once, naming what failed, and false
     // comes back.
-    bool BaixarNota(TClientDataSet &notas, bool somarIPI);
+    bool BaixarNota(const TNotaLinha &nota, bool somarIPI);
 
     // round3(round3(emb_qtd) x round3(qtd_embs))
     static double QtdDoItem(double embQtd, double qtdEmbs);

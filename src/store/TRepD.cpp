@@ -7,6 +7,7 @@
 #include "TClientManager1_CreateFields.h"
 #include "TClientManager1_PrepGrid.h"
 #include "TClientManager2_CreateFields.h"
+#include "TChaveNota.h"
 #include "TCompraItemTmpDBI.h"
 #include "TConexD.h"
 #include "TConexaoSQL.h"
@@ -113,7 +114,126 @@ QString TRepD::SqlNotas(const TFiltroNotas &filtro)
     return sql;
 }
 
+namespace {
+
+// Fills list rows from the rows of a note statement: the columns copied as they come (money
+// arrives as decimal text, which the field parses exactly) and the ones derived from them.
+// Columns and fields are looked up once, not per row.
+class TLeitorNotas final
+{
+public:
+    TLeitorNotas(const TQ &q, TClientDataSet &notas, TConexaoSQL &conexao)
+        : m_q(q), m_conexao(conexao), m_tipo(coluna("TIPO_COD")), m_empr(coluna("EMPR_COD")),
+          m_compra(coluna("COMPRA_COD")), m_baixado(coluna("BAIXADO")), m_cancelado(coluna("CANCELADO")),
+          m_xml(coluna("ARQ_XML")), m_destin(coluna("DESTIN_EMPR_COD")),
+          fTipoCod(notas.FieldByName(QStringLiteral("TIPO_cod"))), fBaixado(notas.FieldByName(QStringLiteral("BAIXADO"))),
+          fCancelado(notas.FieldByName(QStringLiteral("CANCELADO"))),
+          fTipoDocStr(notas.FieldByName(QStringLiteral("TIPO_DOC_STR"))),
+          fDocStr(notas.FieldByName(QStringLiteral("DOC_STR"))),
+          fBaixadoStr(notas.FieldByName(QStringLiteral("BAIXADO_STR"))),
+          fCanceladoStr(notas.FieldByName(QStringLiteral("CANCELADO_STR"))),
+          fDocOrigStr(notas.FieldByName(QStringLiteral("DOC_ORIG_STR"))),
+          fDestinEmprRaz(notas.FieldByName(QStringLiteral("DESTIN_EMPR_RAZ")))
+    {
+        // Every list field named after a column of the statement, except the derived ones.
+        for (int f = 0; f < notas.FieldCount(); ++f) {
+            TField &campo = notas.Fields(f);
+            if (&campo == &fTipoCod || &campo == &fBaixado || &campo == &fCancelado)
+                continue;
+            if (const int c = m_q.FieldIndex(campo.FieldName()); c >= 0)
+                m_copias.push_back({c, &campo});
+        }
+    }
+
+    QString TipoLido() const { return m_q.Fields(m_tipo).AsString(); }
+    bool Xml() const { return !Vazio(m_q.valueAt(m_xml)); }
+
+    // The current row of the statement into the current list row, in edit or insert state; the
+    // error text when the destination companies cannot be read.
+    QString Preencher()
+    {
+        for (const Copia &c : m_copias)
+            c.campo->SetValue(m_q.valueAt(c.coluna));
+        const int tipoCod = TipoDoc::CodigoDoChar(TipoLido());
+        fTipoCod.SetAsInteger(tipoCod);
+        fTipoDocStr.SetAsString(TipoDoc::RepTipoDocToStr(tipoCod));
+        fDocStr.SetAsString(TChaveNota{m_q.Fields(m_empr).AsInteger(), 0, m_q.Fields(m_compra).AsInteger()}.DocStr());
+        const bool baixado = m_q.Fields(m_baixado).AsBoolean();
+        fBaixado.SetAsBoolean(baixado);
+        fBaixadoStr.SetAsString(RepBaixadoStr(baixado));
+        const bool cancelado = m_q.Fields(m_cancelado).AsBoolean();
+        fCancelado.SetAsBoolean(cancelado);
+        fCanceladoStr.SetAsString(RepCanceladoStr(cancelado));
+        fDocOrigStr.SetAsString(Xml() ? QStringLiteral("XML") : QStringLiteral("MANUAL"));
+        const int destin = m_q.Fields(m_destin).AsInteger();
+        if (destin == 0) {
+            fDestinEmprRaz.Clear();
+            return {};
+        }
+        if (!m_empresas) {
+            const std::unique_ptr<TQ> e = m_conexao.Ab(QStringLiteral("select empr_cod, raz from empr"));
+            if (!e)
+                return QStringLiteral("Não foi possível ler os nomes das empresas de destino das notas.\n%1")
+                    .arg(m_conexao.UltimoErro());
+            m_empresas.emplace();
+            for (e->First(); !e->Eof(); e->Next())
+                m_empresas->insert(e->Fields(0).AsInteger(), e->Fields(1).AsString());
+        }
+        const auto it = m_empresas->constFind(destin);
+        fDestinEmprRaz.SetAsString(it != m_empresas->cend() ? *it : QStringLiteral("<NÃO ENCONTRADO>"));
+        return {};
+    }
+
+private:
+    int coluna(const char *nome) const { return m_q.FieldIndex(QLatin1String(nome)); }
+
+    struct Copia
+    {
+        int coluna;
+        TField *campo;
+    };
+    const TQ &m_q;
+    TConexaoSQL &m_conexao;
+    const int m_tipo, m_empr, m_compra, m_baixado, m_cancelado, m_xml, m_destin;
+    TField &fTipoCod, &fBaixado, &fCancelado, &fTipoDocStr, &fDocStr, &fBaixadoStr, &fCanceladoStr, &fDocOrigStr,
+        &fDestinEmprRaz;
+    std::vector<Copia> m_copias;
+    // Company names are read once, and only when some note has a destination.
+    std::optional<QHash<int, QString>> m_empresas;
+};
+
+const QString FalhaLista = QStringLiteral("Não foi possível carregar a lista de notas.\n%1");
+
+} // namespace
+
+QString TRepD::SqlNota(int emprCod, int estacaoCod, int compraCod)
+{
+    QString sql = SqlNotas(TFiltroNotas{.considerarDatas = false, .canceladosIndice = 0})
+                  + QLatin1String(" where compra.empr_cod=") + QString::number(emprCod)
+                  + QLatin1String(" and compra.compra_cod=") + QString::number(compraCod);
+    if (estacaoCod >= 0)
+        sql += QLatin1String(" and compra.estacao_cod=") + QString::number(estacaoCod);
+    return sql;
+}
+
+std::optional<TNotaLinha> TRepD::NotaAtual() const
+{
+    if (m_notas->IsEmpty())
+        return std::nullopt;
+    return TNotaLinha::DaLinhaAtual(*m_notas);
+}
+
 bool TRepD::CarregarNotas(const TFiltroNotas &filtro)
+{
+    return Carregar(SqlNotas(filtro), filtro.origemIndice);
+}
+
+bool TRepD::CarregarNota(int emprCod, int estacaoCod, int compraCod)
+{
+    return Carregar(SqlNota(emprCod, estacaoCod, compraCod), OrigemTodas);
+}
+
+bool TRepD::Carregar(const QString &sql, int origemIndice)
 {
     TProgressForm::Exibir(QStringLiteral("Trazendo notas..."));
     TClientDataSet &notas = *m_notas;
@@ -129,7 +249,7 @@ bool TRepD::CarregarNotas(const TFiltroNotas &filtro)
         });
         notas.DisableControls();
         notas.EmptyDataSet();
-        erro = PreencherNotas(filtro, rastro);
+        erro = PreencherNotas(sql, origemIndice, rastro);
         if (!erro.isEmpty())
             notas.EmptyDataSet();
     }
@@ -141,118 +261,90 @@ bool TRepD::CarregarNotas(const TFiltroNotas &filtro)
     return true;
 }
 
-QString TRepD::PreencherNotas(const TFiltroNotas &filtro, TRastroDebug &rastro)
+QString TRepD::PreencherNotas(const QString &sql, int origemIndice, TRastroDebug &rastro)
 {
     TClientDataSet &notas = *m_notas;
     if (!m_conexao.Conectar())
-        return QStringLiteral("Não foi possível carregar a lista de notas.\n%1").arg(m_conexao.UltimoErro());
+        return FalhaLista.arg(m_conexao.UltimoErro());
     const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
-
-    const std::unique_ptr<TQ> q = m_conexao.Ab(SqlNotas(filtro));
+    const std::unique_ptr<TQ> q = m_conexao.Ab(sql);
     if (!q)
-        return QStringLiteral("Não foi possível carregar a lista de notas.\n%1").arg(m_conexao.UltimoErro());
+        return FalhaLista.arg(m_conexao.UltimoErro());
 
-    auto coluna = [&q](const char *nome) { return q->FieldIndex(QLatin1String(nome)); };
-    const int cTipo = coluna("TIPO_COD");
-    const int cEmpr = coluna("EMPR_COD");
-    const int cCompra = coluna("COMPRA_COD");
-    const int cBaixado = coluna("BAIXADO");
-    const int cCancelado = coluna("CANCELADO");
-    const int cXml = coluna("ARQ_XML");
-    const int cDestin = coluna("DESTIN_EMPR_COD");
-
-    // Columns copied as they come (money arrives as decimal text, which the field parses
-    // exactly): every list field named after a column of the statement, except the ones derived
-    // below from a column of the same name. Looked up once, not per row.
-    struct Copia
-    {
-        int coluna;
-        TField *campo;
-    };
-    std::vector<Copia> copias;
-    TField &fTipoCod = notas.FieldByName(QStringLiteral("TIPO_cod"));
-    TField &fBaixado = notas.FieldByName(QStringLiteral("BAIXADO"));
-    TField &fCancelado = notas.FieldByName(QStringLiteral("CANCELADO"));
-    for (int f = 0; f < notas.FieldCount(); ++f) {
-        TField &campo = notas.Fields(f);
-        if (&campo == &fTipoCod || &campo == &fBaixado || &campo == &fCancelado)
-            continue;
-        const int c = q->FieldIndex(campo.FieldName());
-        if (c >= 0)
-            copias.push_back({c, &campo});
-    }
-    TField &fTipoDocStr = notas.FieldByName(QStringLiteral("TIPO_DOC_STR"));
-    TField &fDocStr = notas.FieldByName(QStringLiteral("DOC_STR"));
-    TField &fBaixadoStr = notas.FieldByName(QStringLiteral("BAIXADO_STR"));
-    TField &fCanceladoStr = notas.FieldByName(QStringLiteral("CANCELADO_STR"));
-    TField &fDocOrigStr = notas.FieldByName(QStringLiteral("DOC_ORIG_STR"));
-    TField &fDestinEmprRaz = notas.FieldByName(QStringLiteral("DESTIN_EMPR_RAZ"));
-
-    // Company names are read once, and only when some note has a destination.
-    std::optional<QHash<int, QString>> empresas;
-    const QString naoEncontrado = QStringLiteral("<NÃO ENCONTRADO>");
-    const QString textoXml = QStringLiteral("XML");
-    const QString textoManual = QStringLiteral("MANUAL");
-    const QChar zero = QLatin1Char('0');
-
+    TLeitorNotas leitor(*q, notas, m_conexao);
     TProgressForm::Exibir(QStringLiteral("Trazendo notas..."), q->RecordCount());
     int linha = 0;
     for (q->First(); !q->Eof(); q->Next(), ++linha) {
         if (linha % PassoProgresso == 0 && linha > 0)
             TProgressForm::Avancar(linha);
-
-        const QString tipoLido = q->Fields(cTipo).AsString();
-        const int tipoCod = TipoDoc::CodigoDoChar(tipoLido);
-        const QString tipoDocStr = TipoDoc::RepTipoDocToStr(tipoCod);
         if (linha < 3 && rastro.Ativo()) {
-            rastro.Add(QStringLiteral("q.FieldByName('TIPO_cod').AsString=[%1]").arg(tipoLido));
+            const int tipoCod = TipoDoc::CodigoDoChar(leitor.TipoLido());
+            rastro.Add(QStringLiteral("q.FieldByName('TIPO_cod').AsString=[%1]").arg(leitor.TipoLido()));
             rastro.Add(QStringLiteral("ord(s[1])=[%1]").arg(tipoCod));
-            rastro.Add(QStringLiteral("TIPO_DOC_STR=") + tipoDocStr);
+            rastro.Add(QStringLiteral("TIPO_DOC_STR=") + TipoDoc::RepTipoDocToStr(tipoCod));
         }
-
-        const bool xml = !Vazio(q->valueAt(cXml));
-        if ((filtro.origemIndice == OrigemManual && xml) || (filtro.origemIndice == OrigemXml && !xml))
+        const bool xml = leitor.Xml();
+        if ((origemIndice == OrigemManual && xml) || (origemIndice == OrigemXml && !xml))
             continue;
-
         notas.Append();
-        for (const Copia &c : copias)
-            c.campo->SetValue(q->valueAt(c.coluna));
-        fTipoCod.SetAsInteger(tipoCod);
-        fTipoDocStr.SetAsString(tipoDocStr);
-        fDocStr.SetAsString(QStringLiteral("%1-%2")
-                                .arg(q->Fields(cEmpr).AsInteger(), 3, 10, zero)
-                                .arg(q->Fields(cCompra).AsInteger(), 7, 10, zero));
-        const bool baixado = q->Fields(cBaixado).AsBoolean();
-        fBaixado.SetAsBoolean(baixado);
-        fBaixadoStr.SetAsString(RepBaixadoStr(baixado));
-        const bool cancelado = q->Fields(cCancelado).AsBoolean();
-        fCancelado.SetAsBoolean(cancelado);
-        fCanceladoStr.SetAsString(RepCanceladoStr(cancelado));
-        fDocOrigStr.SetAsString(xml ? textoXml : textoManual);
-
-        if (const int destin = q->Fields(cDestin).AsInteger(); destin != 0) {
-            if (!empresas) {
-                const std::unique_ptr<TQ> e = m_conexao.Ab(QStringLiteral("select empr_cod, raz from empr"));
-                if (!e) {
-                    notas.Cancel();
-                    return QStringLiteral("Não foi possível ler os nomes das empresas de destino das notas.\n%1")
-                        .arg(m_conexao.UltimoErro());
-                }
-                empresas.emplace();
-                for (e->First(); !e->Eof(); e->Next())
-                    empresas->insert(e->Fields(0).AsInteger(), e->Fields(1).AsString());
-            }
-            const auto it = empresas->constFind(destin);
-            fDestinEmprRaz.SetAsString(it != empresas->cend() ? *it : naoEncontrado);
+        if (QString erro = leitor.Preencher(); !erro.isEmpty()) {
+            notas.Cancel();
+            return erro;
         }
         notas.Post();
     }
     return {};
 }
 
+bool TRepD::RecarregarLinha(const TChaveNota &chave)
+{
+    TClientDataSet &notas = *m_notas;
+    const auto linhaDaNota = [&] {
+        return !notas.IsEmpty() && TNotaLinha::DaLinhaAtual(notas).chave == chave;
+    };
+    if (!linhaDaNota())
+        return false;
+    QString erro;
+    if (!m_conexao.Conectar()) {
+        erro = FalhaLista.arg(m_conexao.UltimoErro());
+    } else {
+        const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
+        const std::unique_ptr<TQ> q = m_conexao.Ab(SqlNota(chave.emprCod, chave.estacaoCod, chave.compraCod));
+        if (!q) {
+            erro = FalhaLista.arg(m_conexao.UltimoErro());
+        } else if (!q->IsEmpty()) {
+            TLeitorNotas leitor(*q, notas, m_conexao);
+            q->First();
+            notas.Edit();
+            erro = leitor.Preencher();
+            if (erro.isEmpty())
+                notas.Post();
+            else
+                notas.Cancel();
+        }
+    }
+    if (!erro.isEmpty()) {
+        MensagemErro(erro);
+        return false;
+    }
+    return true;
+}
+
+void TRepD::MarcarLinhaCancelada()
+{
+    TClientDataSet &notas = *m_notas;
+    if (notas.IsEmpty())
+        return;
+    notas.Edit();
+    notas.FieldByName(QStringLiteral("CANCELADO")).SetAsBoolean(true);
+    // The list load captions a cancelled note otherwise; right after cancelling it reads "S".
+    notas.FieldByName(QStringLiteral("CANCELADO_STR")).SetAsString(QStringLiteral("S"));
+    notas.Post();
+}
+
 // --- Items ----------------------------------------------------------------------------------------
 
-bool TRepD::CarregarItens(int emprCod, int compraCod, TProgresso *progresso)
+bool TRepD::CarregarItens(const TChaveNota &nota, TProgresso *progresso)
 {
     TClientDataSet &itens = *m_itens;
     QElapsedTimer relogio;
@@ -273,7 +365,7 @@ bool TRepD::CarregarItens(int emprCod, int compraCod, TProgresso *progresso)
         if (itens.State() != TDataSetState::Browse)
             itens.Cancel();
         itens.EmptyDataSet();
-        erro = PreencherItens(emprCod, compraCod, progresso, &segAbrir);
+        erro = PreencherItens(nota.emprCod, nota.compraCod, progresso, &segAbrir);
         if (!erro.isEmpty()) {
             if (itens.State() != TDataSetState::Browse)
                 itens.Cancel();
@@ -359,7 +451,7 @@ QString TRepD::PreencherItens(int emprCod, int compraCod, TProgresso *progresso,
     return {};
 }
 
-bool TRepD::GravarItens(int emprCod, int compraCod)
+bool TRepD::GravarItens(const TChaveNota &nota)
 {
     TClientDataSet &itens = *m_itens;
     if (itens.State() != TDataSetState::Browse)
@@ -373,7 +465,7 @@ bool TRepD::GravarItens(int emprCod, int compraCod)
                 itens.GotoBookmark(marca);
             itens.EnableControls();
         });
-        erro = EscreverItens(emprCod, compraCod);
+        erro = EscreverItens(nota.emprCod, nota.compraCod);
     }
     if (!erro.isEmpty()) {
         MensagemErro(erro);

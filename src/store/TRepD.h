@@ -1,10 +1,13 @@
 #pragma once
 
+#include "TChaveNota.h"
 #include "TTabPrecoList.h"
 
 #include <QDate>
 #include <QObject>
 #include <QString>
+
+#include <optional>
 
 class TClientDataSet;
 class TClientManager;
@@ -55,20 +58,32 @@ public:
     // Fills the list; false (with the driver's message shown) when the database fails.
     // The rows come sorted by the grid's current sort column, the cursor on the first one.
     bool CarregarNotas(const TFiltroNotas &filtro);
+    // The list statement for one note; a station below 0 takes the note of any station.
+    static QString SqlNota(int emprCod, int estacaoCod, int compraCod);
+    // Fills the list with that one note (one per station when the station is not given).
+    bool CarregarNota(int emprCod, int estacaoCod, int compraCod);
+    // The note of the current row; nothing when the list is empty.
+    std::optional<TNotaLinha> NotaAtual() const;
+    // Reads the note of the current row again after an action changed it. False, with the
+    // driver's message, when the database fails; false too when the current row is another note.
+    bool RecarregarLinha(const TChaveNota &chave);
+    // The current row right after cancelling: flagged, and its caption the literal "S".
+    void MarcarLinhaCancelada();
 
     // Fills the item list from the staged rows of a note (station 10) and their prices, sorted
     // by the grid's current sort column. On a database failure the list is left empty, so that
     // a partial list can never be saved over the note's items, and false comes back after the
     // driver's message. `progresso` may be null.
-    bool CarregarItens(int emprCod, int compraCod, TProgresso *progresso = nullptr);
+    bool CarregarItens(const TChaveNota &nota, TProgresso *progresso = nullptr);
     // Replaces the note's staged rows (station 10) with the item list, in list order, each with
     // one price row per price table. No transaction: on a failure the rows written so far stay,
     // the failure is shown once with the driver's message, and false comes back.
-    bool GravarItens(int emprCod, int compraCod);
+    bool GravarItens(const TChaveNota &nota);
 
 private:
+    bool Carregar(const QString &sql, int origemIndice);
     // Appends the rows of the statement; the error text when the database fails.
-    QString PreencherNotas(const TFiltroNotas &filtro, TRastroDebug &rastro);
+    QString PreencherNotas(const QString &sql, int origemIndice, TRastroDebug &rastro);
     // Appends the items of a note; the error text when the database fails.
     QString PreencherItens(int emprCod, int compraCod, TProgresso *progresso, double *segAbrir);
     // Writes the item list; the error text when the database fails.

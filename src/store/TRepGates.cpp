@@ -1,7 +1,6 @@
 #include "TRepGates.h"
 
 #include "Dialogos.h"
-#include "TClientDataSet.h"
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TRepTotais.h"
@@ -33,7 +32,7 @@ bool Falhou(const QString &oQue, const TConexaoSQL &conexao)
 
 } // namespace
 
-bool TRepGates::TotItensAceito(const TChaveNota &chave, int tipoCod, bool somarIPI, TClientDataSet *notas)
+bool TRepGates::TotItensAceito(const TChaveNota &chave, int tipoCod, bool somarIPI)
 {
     const TipoDoc::TTipoDoc &tipo = Tipo(tipoCod);
     if (!m_conexao.Conectar())
@@ -62,7 +61,7 @@ bool TRepGates::TotItensAceito(const TChaveNota &chave, int tipoCod, bool somarI
         MensagemInfo(QStringLiteral("O valor desta nota está zerado. Não pode ser baixada"));
         return false;
     }
-    if (tipo.ajustaTotalNaBaixa && !AjusteTotalProducao(chave, totais.Total, notas)) {
+    if (tipo.ajustaTotalNaBaixa && !AjusteTotalProducao(chave, totais.Total)) {
         MensagemInfo(
             QStringLiteral("Erro acessando o servidor ao ajustar os totais da nota. Não pode ser baixada"));
         return false;
@@ -108,7 +107,7 @@ bool TRepGates::TotDosItensAceito(const TChaveNota &chave, int tipoCod)
     return true;
 }
 
-bool TRepGates::AjusteTotalProducao(const TChaveNota &chave, Money total, TClientDataSet *notas)
+bool TRepGates::AjusteTotalProducao(const TChaveNota &chave, Money total)
 {
     if (!TTerminalModoOper::ConectouServidor())
         return false;
@@ -123,11 +122,5 @@ bool TRepGates::AjusteTotalProducao(const TChaveNota &chave, Money total, TClien
                       + QLatin1String(" and estacao_cod=") + QString::number(chave.estacaoCod)
                       + QLatin1String(" and compra_cod=") + QString::number(chave.compraCod)))
         return false;
-    if (notas && !notas->IsEmpty()) {
-        notas->Edit();
-        notas->FieldByName(QStringLiteral("TOT_PRODS")).SetAsMoney(total);
-        notas->FieldByName(QStringLiteral("TOT")).SetAsMoney(total);
-        notas->Post();
-    }
     return true;
 }

@@ -108,9 +108,9 @@ TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
 
 TEST(Cadastros, OnlyTheRegistersOfTheItemPanelAreKnown)
 {
-    EXPECT_TRUE(Cadastros::Definicao(QStringLiteral("TribF"), QStringLiteral("TabFiscoTributAct")));
-    EXPECT_FALSE(Cadastros::Definicao(QStringLiteral("TribF"), QStringLiteral("EstoqUnidAct")));
-    EXPECT_FALSE(Cadastros::Definicao(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct")));
+    EXPECT_TRUE(TCadastroDBI::Definicao(QStringLiteral("TribF"), QStringLiteral("TabFiscoTributAct")));
+    EXPECT_FALSE(TCadastroDBI::Definicao(QStringLiteral("TribF"), QStringLiteral("EstoqUnidAct")));
+    EXPECT_FALSE(TCadastroDBI::Definicao(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct")));
 }
 
 } // namespace

@@ -1,9 +1,11 @@
 #include "ComandosHeadless.h"
 #include "NotasTeste.h"
+#include "RegistroSql.h"
 #include "TestDatabase.h"
 
 #include <gtest/gtest.h>
 
+#include <QRegularExpression>
 #include <QTextStream>
 
 namespace {
@@ -107,6 +109,29 @@ TEST_F(ComandosNota, UsoErradoSai2)
         EXPECT_FALSE(erros.isEmpty());
     }
     EXPECT_EQ(Valor(QStringLiteral("select count(*) from est_mov")), QLatin1String("0"));
+}
+
+TEST_F(ComandosNota, LeSoANotaPedidaPelaChave)
+{
+    // Many other notes: the command must not read them to find its own.
+    for (int compra = 10; compra < 13; ++compra) {
+        NotaTeste outra;
+        outra.compra = compra;
+        ASSERT_EQ(InserirNota(db, outra), QString());
+    }
+    RegistroSql registro;
+    ASSERT_EQ(Rodar({QStringLiteral("post"), QStringLiteral("001-0000004")}), 0) << erros.toStdString();
+    const QRegularExpression chave(QStringLiteral("compra_cod=4\\b"), QRegularExpression::CaseInsensitiveOption);
+    const QRegularExpression leCompra(QStringLiteral("^select.*\\bfrom compra\\b"),
+                                      QRegularExpression::CaseInsensitiveOption | QRegularExpression::DotMatchesEverythingOption);
+    int leituras = 0;
+    for (const QString &sql : RegistroSql::Sql()) {
+        if (!leCompra.match(sql).hasMatch())
+            continue;
+        ++leituras;
+        EXPECT_TRUE(chave.match(sql).hasMatch()) << sql.toStdString();
+    }
+    EXPECT_GT(leituras, 0);
 }
 
 } // namespace

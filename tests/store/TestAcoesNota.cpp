@@ -47,7 +47,7 @@ protected:
     TestDatabase db;
     DialogosTeste dialogos;
     TRepD repD{db.conexao()};
-    TAcoesNota acoes{repD, db.conexao()};
+    TAcoesNota acoes{db.conexao()};
 };
 
 TEST_F(AcoesNota, BaixarPassaPelasConferenciasAntesDeGravar)
@@ -55,9 +55,9 @@ TEST_F(AcoesNota, BaixarPassaPelasConferenciasAntesDeGravar)
     NotaTeste baixada;
     baixada.baixado = true;
     Preparar(baixada);
-    EXPECT_FALSE(acoes.BaixouNota(true));
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), true));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    EXPECT_FALSE(acoes.BaixouNota(false));
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), QStringLiteral("Esta nota já foi baixada"));
     dialogos.Limpar();
 
@@ -69,22 +69,22 @@ TEST_F(AcoesNota, BaixarPassaPelasConferenciasAntesDeGravar)
         perguntou = true;
         return false;
     });
-    EXPECT_FALSE(acoes.BaixouNota(false));
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
     EXPECT_TRUE(perguntou);
 
     // The totals gate: the header's product total no longer matches the items'.
     acoes.SetDocAceito([] { return true; });
     ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=26 where compra_cod=2")), QString());
-    EXPECT_FALSE(acoes.BaixouNota(false));
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
               QStringLiteral("O total de produtos deve ser igual ao total dos itens. A nota não pode ser baixada"));
     EXPECT_EQ(Movimentos(), 0);
     dialogos.Limpar();
 
     ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=25 where compra_cod=2")), QString());
-    EXPECT_TRUE(acoes.BaixouNota(false));
+    EXPECT_TRUE(acoes.BaixouNota(repD.NotaAtual(), false));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    EXPECT_EQ(Campo("BAIXADO_STR"), RepBaixadoStr(true));
+    EXPECT_EQ(Valor(QStringLiteral("select baixado from compra where compra_cod=2")), QLatin1String("S"));
     EXPECT_EQ(Saldo(db, 1, 2), QLatin1String("5"));
 }
 
@@ -97,7 +97,7 @@ TEST_F(AcoesNota, CancelarUmaVezSo)
     Preparar(n);
 
     dialogos.Responder(false);
-    EXPECT_FALSE(acoes.CancelarNota());
+    EXPECT_FALSE(acoes.CancelarNota(repD.NotaAtual()));
     ASSERT_EQ(dialogos.Perguntas().size(), 1);
     EXPECT_EQ(dialogos.Perguntas().first().tipo, TipoPergunta::Deletar);
     EXPECT_EQ(Valor(QStringLiteral("select cancelado from compra")), QLatin1String("N"));
@@ -105,14 +105,15 @@ TEST_F(AcoesNota, CancelarUmaVezSo)
     dialogos.Limpar();
     dialogos.Responder(true);
     RegistroSql registro;
-    EXPECT_TRUE(acoes.CancelarNota());
+    EXPECT_TRUE(acoes.CancelarNota(repD.NotaAtual()));
     EXPECT_EQ(RegistroSql::Sql(),
               QStringList{QStringLiteral("update COMPRA set cancelado='S' where empr_cod=1 and COMPRA_cod=9 and estacao_cod=3")});
+    repD.MarcarLinhaCancelada();
     EXPECT_EQ(Campo("CANCELADO_STR"), QLatin1String("S"));
     EXPECT_EQ(Valor(QStringLiteral("select cancelado || baixado from compra")), QLatin1String("SS"));
 
     dialogos.Limpar();
-    EXPECT_FALSE(acoes.CancelarNota());
+    EXPECT_FALSE(acoes.CancelarNota(repD.NotaAtual()));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Nota já foi cancelada"));
     EXPECT_TRUE(dialogos.Perguntas().isEmpty());
 }
@@ -168,7 +169,7 @@ TEST_F(AcoesNota, RecusasDeDesbaixarEEnviar)
                   QString());
         dialogos.Limpar();
         RegistroSql registro;
-        const bool fez = c.desbaixar ? acoes.DesbaixarActExecute(c.cabec, c.item) : acoes.NotaExportActExecute(c.cabec, c.item);
+        const bool fez = c.desbaixar ? acoes.DesbaixarActExecute(repD.NotaAtual(), c.cabec, c.item) : acoes.NotaExportActExecute(repD.NotaAtual(), c.cabec, c.item);
         EXPECT_FALSE(fez);
         EXPECT_TRUE(dialogos.Perguntas().isEmpty());
         if (c.mensagem)
@@ -191,18 +192,17 @@ TEST_F(AcoesNota, DesbaixarPerguntaSemPontoDeInterrogacao)
     ASSERT_EQ(db.exec(QStringLiteral("insert into compra_est_mov values (1, 1, 345, 1, 10, 1)")), QString());
 
     dialogos.Responder(false);
-    EXPECT_FALSE(acoes.DesbaixarActExecute(B, B));
+    EXPECT_FALSE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, B));
     ASSERT_EQ(dialogos.Perguntas().size(), 1);
     EXPECT_EQ(dialogos.Perguntas().first().texto, QStringLiteral("Deseja desbaixar o documento 001-0000345"));
     EXPECT_EQ(Movimentos(), 1);
 
     dialogos.Limpar();
     dialogos.Responder(true);
-    EXPECT_TRUE(acoes.DesbaixarActExecute(B, B));
+    EXPECT_TRUE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, B));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     EXPECT_EQ(Movimentos(), 0);
     EXPECT_EQ(Valor(QStringLiteral("select baixado from compra")), QLatin1String("N"));
-    EXPECT_EQ(Campo("BAIXADO_STR"), RepBaixadoStr(false));
 }
 
 TEST_F(AcoesNota, RastroNivel80)
@@ -211,11 +211,11 @@ TEST_F(AcoesNota, RastroNivel80)
     NotaTeste n;
     n.baixado = true;
     Preparar(n);
-    EXPECT_FALSE(acoes.DesbaixarActExecute(B, TDataSetState::Edit));
+    EXPECT_FALSE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, TDataSetState::Edit));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
               QStringLiteral("modo debug 80;DesbaixarAct;inicio\r\nItemState<>dsBrowse"));
     dialogos.Limpar();
-    EXPECT_FALSE(acoes.NotaExportActExecute(B, B));
+    EXPECT_FALSE(acoes.NotaExportActExecute(repD.NotaAtual(), B, B));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
               QStringLiteral("modo debug 80;NotaExportAct;inicio\r\nDESTIN_EMPR_COD<1"));
 }

@@ -52,7 +52,7 @@ protected:
         ASSERT_TRUE(repD.Notas().Locate(QStringLiteral("compra_COD"), n.compra));
     }
 
-    bool Baixar(bool somarIPI = true) { return TBaixaNota(db.conexao()).BaixarNota(repD.Notas(), somarIPI); }
+    bool Baixar(bool somarIPI = true) { return TBaixaNota(db.conexao()).BaixarNota(*repD.NotaAtual(), somarIPI); }
 
     QString Valor(const QString &sql) { return db.valor(sql); }
     int Conta(const QString &sql) { return Valor(QStringLiteral("select count(*) from ") + sql).toInt(); }
@@ -134,7 +134,8 @@ TEST_F(BaixaNota, CompraCriaUmCustoETresPrecosEmOrdemDeTabela)
               QLatin1String("6.5000"));
     EXPECT_EQ(Valor(QStringLiteral("select list(prod_cod || ':' || custo) from prod_custo_env")), QLatin1String("2:4.5000"));
     EXPECT_EQ(Valor(QStringLiteral("select baixado from compra where compra_cod=1")), QLatin1String("S"));
-    EXPECT_TRUE(repD.Notas().FieldByName(QStringLiteral("BAIXADO")).AsBoolean());
+    // The list row shows it once read again.
+    ASSERT_TRUE(repD.RecarregarLinha(repD.NotaAtual()->chave));
     EXPECT_EQ(repD.Notas().FieldByName(QStringLiteral("BAIXADO_STR")).AsString(), RepBaixadoStr(true));
     EXPECT_EQ(Saldo(db, 1, 2), QLatin1String("4"));
 }
@@ -305,7 +306,7 @@ TEST_F(BaixaNota, SemBancoAvisaEParaAntesDeTudo)
     TDadosBanco perdido = db.banco();
     perdido.database += QStringLiteral(".perdido");
     TConexaoSQL semBanco(perdido);
-    EXPECT_FALSE(TBaixaNota(semBanco).BaixarNota(repD.Notas(), true));
+    EXPECT_FALSE(TBaixaNota(semBanco).BaixarNota(*repD.NotaAtual(), true));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Erro acessando os itens. Processo interrompido."));
     EXPECT_EQ(Conta(QStringLiteral("est_mov")), 0);
 }
@@ -335,9 +336,10 @@ TEST_F(BaixaNota, BaixarDesbaixarEBaixarDeNovoDaOsMesmosMovimentos)
     const QString antes = Movimentos();
     ASSERT_EQ(Saldo(db, 1, 3), QLatin1String("2"));
 
-    TAcoesNota acoes(repD, db.conexao());
+    ASSERT_TRUE(repD.RecarregarLinha(repD.NotaAtual()->chave));
+    TAcoesNota acoes(db.conexao());
     dialogos.Responder(true);
-    ASSERT_TRUE(acoes.DesbaixarActExecute(TDataSetState::Browse, TDataSetState::Browse));
+    ASSERT_TRUE(acoes.DesbaixarActExecute(repD.NotaAtual(), TDataSetState::Browse, TDataSetState::Browse));
     EXPECT_EQ(Saldo(db, 1, 3), QLatin1String("0"));
     EXPECT_EQ(Conta(QStringLiteral("est_mov_compo")), 0);
 

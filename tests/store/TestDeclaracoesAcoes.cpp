@@ -64,23 +64,23 @@ TEST(DeclaracoesAcoes, MesmosTextosNaMesmaOrdem)
     todas.considerarDatas = false;
     todas.canceladosIndice = 0;
     todas.origemIndice = 0;
-    ASSERT_TRUE(repD.CarregarNotas(todas));
-    TAcoesNota acoes(repD, db.conexao());
+    TAcoesNota acoes(db.conexao());
 
     QStringList enviadas;
     const auto agir = [&](const char *nome, int compra, const std::function<bool()> &acao) {
+        ASSERT_TRUE(repD.CarregarNotas(todas));
         ASSERT_TRUE(repD.Notas().Locate(QStringLiteral("compra_COD"), compra));
         RegistroSql registro;
         EXPECT_TRUE(acao()) << nome;
         enviadas << QStringLiteral("-- ") + QLatin1String(nome) << RegistroSql::Sql();
     };
-    agir("post", 1, [&] { return acoes.BaixouNota(false); });
-    agir("post", 2, [&] { return acoes.BaixouNota(false); });
+    agir("post", 1, [&] { return acoes.BaixouNota(repD.NotaAtual(), false); });
+    agir("post", 2, [&] { return acoes.BaixouNota(repD.NotaAtual(), false); });
     dialogos.Responder(true);
-    agir("unpost", 1, [&] { return acoes.DesbaixarActExecute(TDataSetState::Browse, TDataSetState::Browse); });
-    agir("send", 3, [&] { return acoes.NotaExportActExecute(TDataSetState::Browse, TDataSetState::Browse); });
+    agir("unpost", 1, [&] { return acoes.DesbaixarActExecute(repD.NotaAtual(), TDataSetState::Browse, TDataSetState::Browse); });
+    agir("send", 3, [&] { return acoes.NotaExportActExecute(repD.NotaAtual(), TDataSetState::Browse, TDataSetState::Browse); });
     dialogos.Responder(true);
-    agir("cancel", 1, [&] { return acoes.CancelarNota(); });
+    agir("cancel", 1, [&] { return acoes.CancelarNota(repD.NotaAtual()); });
 
     const QString obtido = enviadas.join(QLatin1String("\n;\n")) + QLatin1Char('\n');
     if (qEnvironmentVariableIsSet("PAVREL_GRAVAR_DECLARACOES")) {

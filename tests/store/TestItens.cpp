@@ -158,7 +158,7 @@ TEST_F(Itens, ARoundTripKeepsEveryColumnAndPriceOfEveryItem)
     const QStringList antes = Retrato();
     ASSERT_EQ(antes.size(), 3 + 9);
 
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     ASSERT_EQ(repD.Itens().RecordCount(), 3);
     ASSERT_TRUE(Ir(101));
     EXPECT_EQ(Texto("info_adic"), QStringLiteral("caixa d'água"));
@@ -171,7 +171,7 @@ TEST_F(Itens, ARoundTripKeepsEveryColumnAndPriceOfEveryItem)
     EXPECT_EQ(Texto("preco2"), QStringLiteral("101.2222"));
 
     RegistroSql::Limpar();
-    ASSERT_TRUE(repD.GravarItens(Empr, Compra));
+    ASSERT_TRUE(repD.GravarItens({Empr, 10, Compra}));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     EXPECT_EQ(Retrato(), antes);
     // The grid's rows are untouched by saving.
@@ -182,7 +182,7 @@ TEST_F(Itens, ARoundTripKeepsEveryColumnAndPriceOfEveryItem)
 TEST_F(Itens, TheTaxColumnsAppearUnderTheNamesTheItemScreenUses)
 {
     Estagiar(101, 1, 1, 2, QStringLiteral("x"));
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     ASSERT_TRUE(Ir(101));
     const std::pair<const char *, const char *> pares[] = {
         {"icms_perc", "trib_icms_picms"},        {"ICMS_VAL", "trib_icms_vicms"},
@@ -208,14 +208,14 @@ TEST_F(Itens, SavingSendsTheDocumentedStatementsUnderStation10WhateverTheWorksta
 {
     Estagiar(101, 1, 1, 2, QStringLiteral("caixa d'água"));
     Estagiar(102, 2, 2, 3, QStringLiteral("x"));
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     ASSERT_TRUE(Ir(101));
     repD.Itens().Edit();
     repD.Itens().FieldByName(QStringLiteral("preco3")).SetAsMoney(Money::parse(u"1234.5").value());
     repD.Itens().Post();
 
     RegistroSql::Limpar();
-    ASSERT_TRUE(repD.GravarItens(Empr, Compra));
+    ASSERT_TRUE(repD.GravarItens({Empr, 10, Compra}));
     const QStringList sql = RegistroSql::Sql();
     // One delete, then per item: insert, info_adic, price delete and one insert per price table.
     ASSERT_EQ(sql.size(), 1 + 2 * (3 + 3)) << sql.join('\n').toStdString();
@@ -263,7 +263,7 @@ TEST_F(Itens, LoadingShowsProgressAndLeavesOutItemsWithoutComplementOrGeneralCos
 
     Progresso progresso;
     RegistroSql::Limpar();
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra, &progresso));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}, &progresso));
 
     QList<int> codigos;
     for (int r = 0; r < repD.Itens().RecordCount(); ++r)
@@ -302,7 +302,7 @@ TEST_F(Itens, LoadedRowsCarryTheQuantityAndCostsTheItemScreenComputes)
     ASSERT_EQ(db.exec(QStringLiteral("update compra_item_tmp set emb_qtd=0, qtd_embs=3, custo_tot=10, desconto=0 "
                                      "where compra_item_tmp_cod=302")),
               QString());
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
 
     ASSERT_TRUE(Ir(301));
     // 1.115 x 1.111 = 1.238765, cut (not rounded) at four decimals.
@@ -319,7 +319,7 @@ TEST_F(Itens, LoadingSortsByTheGridColumnAndTimesOnlyWhenAsked)
     Estagiar(402, 2, 2, 1, QStringLiteral("b"));
     Estagiar(403, 3, 3, 1, QStringLiteral("c"));
     repD.Itens().SortBy(QStringLiteral("prod_DESCR"), Qt::DescendingOrder);
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     const int f = repD.Itens().FieldByName(QStringLiteral("prod_DESCR")).Index();
     EXPECT_EQ(repD.Itens().ValueAt(0, f).toString(), QStringLiteral("PRODUTO UM"));
@@ -327,7 +327,7 @@ TEST_F(Itens, LoadingSortsByTheGridColumnAndTimesOnlyWhenAsked)
     EXPECT_EQ(repD.Itens().RecNo(), 1);
 
     repD.SetMedirTempos(true);
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     const QString tempos = dialogos.UnicaMensagem(TipoMensagem::Simples);
     EXPECT_TRUE(QRegularExpression(QStringLiteral("^abr \\d+,\\d segundos \r\ncarreg \\d+,\\d segundos \r\n"
                                                   "totaliz \\d+,\\d segundos $"))
@@ -339,11 +339,11 @@ TEST_F(Itens, AFailureWhileLoadingLeavesNoPartialListToSaveOver)
 {
     Estagiar(501, 1, 1, 1, QStringLiteral("a"));
     Estagiar(502, 2, 2, 1, QStringLiteral("b"));
-    ASSERT_TRUE(repD.CarregarItens(Empr, Compra));
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
     ASSERT_EQ(repD.Itens().RecordCount(), 2);
 
     ASSERT_EQ(db.exec(QStringLiteral("alter table compra_item_tmp_precos drop preco")), QString());
-    EXPECT_FALSE(repD.CarregarItens(Empr, Compra));
+    EXPECT_FALSE(repD.CarregarItens({Empr, 10, Compra}));
     const QString texto = dialogos.UnicaMensagem(TipoMensagem::Erro);
     EXPECT_TRUE(texto.contains(QStringLiteral("PRECO"))) << texto.toStdString();
     EXPECT_EQ(repD.Itens().RecordCount(), 0);
@@ -364,7 +364,7 @@ TEST_F(Itens, AFailurePartWayThroughSavingKeepsWhatWasWrittenAndReportsOnce)
         itens.Post();
     }
 
-    EXPECT_FALSE(repD.GravarItens(Empr, Compra));
+    EXPECT_FALSE(repD.GravarItens({Empr, 10, Compra}));
     const QString texto = dialogos.UnicaMensagem(TipoMensagem::Erro);
     EXPECT_TRUE(texto.startsWith(QStringLiteral("Não foi possível gravar a linha do item 2 (código 900) da nota.\n")))
         << texto.toStdString();

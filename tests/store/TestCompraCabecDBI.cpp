@@ -1,4 +1,4 @@
-#include "TNotaCabec.h"
+#include "TCompraCabecDBI.h"
 #include "TestDatabase.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
@@ -7,12 +7,12 @@
 
 namespace {
 
-TNotaCabec cabecCompleto()
+TCompraCabecDBI cabecCompleto()
 {
-    TNotaCabec n;
-    n.emprCod = 1;
-    n.estacaoCod = 3;
-    n.compraCod = 77;
+    TCompraCabecDBI n;
+    n.chave.emprCod = 1;
+    n.chave.estacaoCod = 3;
+    n.chave.compraCod = 77;
     n.destinEmprCod = 2;
     n.tipoCod = TipoDoc::Entrada;
     n.dtDoc = QDate(2026, 11, 20);
@@ -29,7 +29,7 @@ TNotaCabec cabecCompleto()
     n.fcp = Money::fromRaw(2000);
     n.fcpst = Money::fromRaw(1000);
     n.desconto = Money::fromRaw(10000);
-    n.tot = TNotaCabec::Total(n.totProds, n.frete, n.outras, n.icmsST, n.fcp, n.fcpst, n.desconto, n.ipi, true);
+    n.tot = TCompraCabecDBI::Total(n.totProds, n.frete, n.outras, n.icmsST, n.fcp, n.fcpst, n.desconto, n.ipi, true);
     n.freteModalidade = 3;
     n.cfop = 1102;
     n.natOp = QStringLiteral("Compra p/ comercialização; D'Ávila");
@@ -66,12 +66,12 @@ protected:
 
 TEST_F(NotaCabec, InsertThenReadGivesBackEveryFieldAsTyped)
 {
-    const TNotaCabec typed = cabecCompleto();
+    const TCompraCabecDBI typed = cabecCompleto();
     ASSERT_EQ(db.exec(typed.SqlInsert(QStringLiteral("fisco 'a'"), QStringLiteral("contribuinte; b"))), QString());
     QString erro;
-    const auto lida = TNotaCabec::Ler(db.conexao(), 1, 3, 77, true, &erro);
+    const auto lida = TCompraCabecDBI::Ler(db.conexao(), {1, 3, 77}, true, &erro);
     ASSERT_TRUE(lida) << erro.toStdString();
-    const TNotaCabec &n = *lida;
+    const TCompraCabecDBI &n = *lida;
     EXPECT_EQ(n.destinEmprCod, 2);
     EXPECT_EQ(n.tipoCod, TipoDoc::Entrada);
     EXPECT_EQ(n.dtDoc, typed.dtDoc);
@@ -106,7 +106,7 @@ TEST_F(NotaCabec, InsertThenReadGivesBackEveryFieldAsTyped)
 
 TEST_F(NotaCabec, InsertListsOneColumnALineAndCommentsEveryValue)
 {
-    TNotaCabec n = cabecCompleto();
+    TCompraCabecDBI n = cabecCompleto();
     n.fornecCod = 0;
     const QString sql = n.SqlInsert(QString(), QString());
     const QStringList linhas = sql.split(QStringLiteral("\r\n"));
@@ -127,10 +127,10 @@ TEST_F(NotaCabec, InsertListsOneColumnALineAndCommentsEveryValue)
 
 TEST_F(NotaCabec, UpdateChangesOnlyWhatItNames)
 {
-    const TNotaCabec original = cabecCompleto();
+    const TCompraCabecDBI original = cabecCompleto();
     ASSERT_EQ(db.exec(original.SqlInsert(QStringLiteral("F"), QStringLiteral("C"))), QString());
     ASSERT_EQ(db.exec(QStringLiteral("update compra set baixado='S', arq_xml='<x/>'")), QString());
-    TNotaCabec alterada = original;
+    TCompraCabecDBI alterada = original;
     alterada.natOp = QStringLiteral("Outra natureza");
     alterada.ndoc = 9;
     alterada.tipoCod = TipoDoc::NotaComplementar;
@@ -159,12 +159,12 @@ TEST_P(NumeroUnico, ComparesWithNotesOfTheSameTypeOrOfNone)
     const QString tipo = c.tipoExistente ? QuotedStr(QString::fromLatin1(c.tipoExistente)) : QStringLiteral("NULL");
     ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, ndoc, serie, "
                                      "fornec_cod) values (1, 1, 5, %1, 45871, '2', 1)").arg(tipo)), QString());
-    TNotaCabec nova = cabecCompleto();
-    nova.compraCod = 0;
+    TCompraCabecDBI nova = cabecCompleto();
+    nova.chave.compraCod = 0;
     EXPECT_EQ(db.conexao().ValorInt(nova.SqlNumeroUnico()) > 0, c.recusa);
     // The note itself, when altered, is no duplicate of itself.
-    nova.compraCod = 5;
-    nova.estacaoCod = 1;
+    nova.chave.compraCod = 5;
+    nova.chave.estacaoCod = 1;
     EXPECT_EQ(db.conexao().ValorInt(nova.SqlNumeroUnico()), 0);
 }
 
@@ -179,10 +179,10 @@ TEST(NotaCabecTotal, AddsIPIOnlyWhenTheStoreAddsIt)
     const Money cem = Money::fromInt(100);
     const Money dez = Money::fromInt(10);
     const Money um = Money::fromInt(1);
-    EXPECT_EQ(TNotaCabec::Total(cem, dez, um, um, um, um, dez, dez, true), Money::fromInt(114));
-    EXPECT_EQ(TNotaCabec::Total(cem, dez, um, um, um, um, dez, dez, false), Money::fromInt(104));
+    EXPECT_EQ(TCompraCabecDBI::Total(cem, dez, um, um, um, um, dez, dez, true), Money::fromInt(114));
+    EXPECT_EQ(TCompraCabecDBI::Total(cem, dez, um, um, um, um, dez, dez, false), Money::fromInt(104));
     // Rounded to the cent, halves to even.
-    EXPECT_EQ(TNotaCabec::Total(Money::fromRaw(1000050), Money(), Money(), Money(), Money(), Money(), Money(), Money(), false),
+    EXPECT_EQ(TCompraCabecDBI::Total(Money::fromRaw(1000050), Money(), Money(), Money(), Money(), Money(), Money(), Money(), false),
               Money::fromRaw(1000000));
 }
 

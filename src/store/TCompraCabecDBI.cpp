@@ -1,4 +1,4 @@
-#include "TNotaCabec.h"
+#include "TCompraCabecDBI.h"
 
 #include "Contexto.h"
 #include "TClientDataSet.h"
@@ -24,7 +24,7 @@ struct Coluna
 
 } // namespace
 
-Money TNotaCabec::Total(Money totProds, Money frete, Money outras, Money icmsST, Money fcp, Money fcpst,
+Money TCompraCabecDBI::Total(Money totProds, Money frete, Money outras, Money icmsST, Money fcp, Money fcpst,
                         Money desconto, Money ipi, bool somarIPI)
 {
     Money total = totProds + frete + outras + icmsST + fcp + fcpst - desconto;
@@ -33,12 +33,12 @@ Money TNotaCabec::Total(Money totProds, Money frete, Money outras, Money icmsST,
     return total.roundTo(2);
 }
 
-QString TNotaCabec::SqlInsert(const QString &infAdicFisco, const QString &infAdicContribuinte) const
+QString TCompraCabecDBI::SqlInsert(const QString &infAdicFisco, const QString &infAdicContribuinte) const
 {
     const QList<Coluna> colunas = {
-        {"EMPR_COD", inteiro(emprCod), "empr_cod"},
+        {"EMPR_COD", inteiro(chave.emprCod), "empr_cod"},
         {"DESTIN_EMPR_COD", inteiro(destinEmprCod), "DEST_EMPR_COD"},
-        {"compra_COD", inteiro(compraCod), "compra_cod"},
+        {"compra_COD", inteiro(chave.compraCod), "compra_cod"},
         {"DT_DOC", DataSQLFirebird(dtDoc), "dt_doc"},
         {"DTH_sai", DataHoraSQLFirebird(dthSai), "dth_sai"},
         {"NDOC", inteiro(ndoc), "ndoc"},
@@ -53,7 +53,7 @@ QString TNotaCabec::SqlInsert(const QString &infAdicFisco, const QString &infAdi
         {"fcp", numero(fcp), "fcp"},
         {"fcpst", numero(fcpst), "fcpst"},
         {"desconto", numero(desconto), "desconto"},
-        {"estacao_cod", inteiro(estacaoCod), "estacao_cod"},
+        {"estacao_cod", inteiro(chave.estacaoCod), "estacao_cod"},
         {"TIPO_COD", TipoDoc::SqlDoCodigo(tipoCod), "tipo_cod"},
         {"frete_modalidade", inteiro(freteModalidade), "frete_modalidade"},
         {"cfop", inteiro(cfop), "cfop"},
@@ -97,7 +97,7 @@ QString TNotaCabec::SqlInsert(const QString &infAdicFisco, const QString &infAdi
            + QStringLiteral("\r\n) values (\r\n") + valores.join(QStringLiteral("\r\n,")) + QStringLiteral("\r\n);");
 }
 
-QString TNotaCabec::SqlUpdate() const
+QString TCompraCabecDBI::SqlUpdate() const
 {
     const QList<QPair<const char *, QString>> colunas = {
         {"dth_sai", DataHoraSQLFirebird(dthSai)},
@@ -147,45 +147,43 @@ QString TNotaCabec::SqlUpdate() const
     QString sql = QStringLiteral("update compra set dt_doc=") + DataSQLFirebird(dtDoc);
     for (const auto &[nome, valor] : colunas)
         sql += QLatin1Char(',') + QLatin1String(nome) + QLatin1Char('=') + valor;
-    return sql + QStringLiteral(" where empr_cod=") + inteiro(emprCod) + QStringLiteral(" and compra_COD=")
-           + inteiro(compraCod) + QStringLiteral(" and estacao_COD=") + inteiro(estacaoCod);
+    return sql + QStringLiteral(" where empr_cod=") + inteiro(chave.emprCod) + QStringLiteral(" and compra_COD=")
+           + inteiro(chave.compraCod) + QStringLiteral(" and estacao_COD=") + inteiro(chave.estacaoCod);
 }
 
-QString TNotaCabec::SqlNumeroUnico() const
+QString TCompraCabecDBI::SqlNumeroUnico() const
 {
     QString sql = QStringLiteral("select count(NDOC) from COMPRA where fornec_cod=") + inteiro(fornecCod)
                   + QStringLiteral(" and ndoc=") + inteiro(ndoc) + QStringLiteral(" and serie=") + texto(serie)
                   + QStringLiteral(" and ((tipo_cod is null) or (tipo_cod=") + TipoDoc::SqlDoCodigo(tipoCod)
                   + QStringLiteral("))");
     // A note being altered does not collide with itself.
-    if (compraCod > 0)
+    if (chave.compraCod > 0)
         sql += QStringLiteral(" and not (empr_cod=%1 and estacao_cod=%2 and compra_cod=%3)")
-                   .arg(emprCod).arg(estacaoCod).arg(compraCod);
+                   .arg(chave.emprCod).arg(chave.estacaoCod).arg(chave.compraCod);
     return sql;
 }
 
-QString TNotaCabec::SqlLer() const
+QString TCompraCabecDBI::SqlLer() const
 {
     return QStringLiteral("select compra.*, fornec.nome_red as fornec_nome_red from compra "
                           "left join fornec on fornec.fornec_cod=compra.fornec_cod where compra.empr_cod=%1 "
                           "and compra.estacao_cod=%2 and compra.compra_cod=%3")
-        .arg(emprCod).arg(estacaoCod).arg(compraCod);
+        .arg(chave.emprCod).arg(chave.estacaoCod).arg(chave.compraCod);
 }
 
-std::optional<TNotaCabec> TNotaCabec::Ler(TConexaoSQL &conexao, int emprCod, int estacaoCod, int compraCod,
-                                          bool somarIPI, QString *erro)
+std::optional<TCompraCabecDBI> TCompraCabecDBI::Ler(TConexaoSQL &conexao, const TChaveNota &chave, bool somarIPI,
+                                                    QString *erro)
 {
-    TNotaCabec n;
-    n.emprCod = emprCod;
-    n.estacaoCod = estacaoCod;
-    n.compraCod = compraCod;
+    TCompraCabecDBI n;
+    n.chave = chave;
     const auto q = conexao.Ab(n.SqlLer());
     if (!q) {
         *erro = conexao.UltimoErro();
         return std::nullopt;
     }
     if (q->Eof()) {
-        *erro = QStringLiteral("A nota %1-%2 não foi encontrada").arg(emprCod, 3, 10, QLatin1Char('0')).arg(compraCod, 7, 10, QLatin1Char('0'));
+        *erro = QStringLiteral("A nota %1 não foi encontrada").arg(chave.DocStr());
         return std::nullopt;
     }
     const auto s = [&q](const char *c) { return q->FieldByName(QLatin1String(c)).AsString().trimmed(); };
@@ -240,7 +238,7 @@ std::optional<TNotaCabec> TNotaCabec::Ler(TConexaoSQL &conexao, int emprCod, int
     return n;
 }
 
-void TNotaCabec::ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEmprNome) const
+void TCompraCabecDBI::ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEmprNome) const
 {
     const auto set = [&notas](const char *campo, const QVariant &valor) {
         notas.FieldByName(QLatin1String(campo)).SetValue(valor);
@@ -250,7 +248,7 @@ void TNotaCabec::ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEm
     };
     set("TIPO_cod", tipoCod);
     set("TIPO_DOC_STR", TipoDoc::RepTipoDocToStr(tipoCod));
-    set("DOC_STR", QStringLiteral("%1-%2").arg(emprCod, 3, 10, QLatin1Char('0')).arg(compraCod, 7, 10, QLatin1Char('0')));
+    set("DOC_STR", chave.DocStr());
     notas.FieldByName(QStringLiteral("DT_DOC")).SetAsDate(dtDoc);
     notas.FieldByName(QStringLiteral("DTh_SAI")).SetAsDateTime(dthSai);
     set("FORNEC_NOME_RED", fornecNome);
@@ -270,11 +268,11 @@ void TNotaCabec::ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEm
     notas.FieldByName(QStringLiteral("CANCELADO")).SetAsBoolean(cancelado);
     set("CANCELADO_STR", RepCanceladoStr(cancelado));
     set("FORNEC_COD", fornecCod);
-    set("EMPR_COD", emprCod);
+    set("EMPR_COD", chave.emprCod);
     set("DESTIN_EMPR_COD", destinEmprCod);
     set("DESTIN_EMPR_RAZ", destinEmprCod > 0 ? destinEmprNome : QString());
-    set("ESTACAO_COD", estacaoCod);
-    set("compra_COD", compraCod);
+    set("ESTACAO_COD", chave.estacaoCod);
+    set("compra_COD", chave.compraCod);
     set("NFE_CHAVE_REF", chavesRef.value(0));
     set("NFE_CHAVE_REF2", chavesRef.value(1));
     set("NFE_CHAVE_REF3", chavesRef.value(2));
@@ -285,4 +283,17 @@ void TNotaCabec::ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEm
         set("DOC_ORIG_STR", QStringLiteral("MANUAL"));
     if (notas.FieldByName(QStringLiteral("DTH_CRI")).IsNull())
         notas.FieldByName(QStringLiteral("DTH_CRI")).SetAsDateTime(Contexto::Atual().Agora());
+}
+
+int TCompraCabecDBI::ProximoCodigo(TConexaoSQL &conexao)
+{
+    return int(conexao.ProximoGenerator(QStringLiteral("compra_g")));
+}
+
+QString TCompraCabecDBI::NomeDestino(TConexaoSQL &conexao, int destinEmprCod)
+{
+    if (destinEmprCod <= 0)
+        return {};
+    const QString nome = conexao.ValorStr(QStringLiteral("select raz from empr where empr_cod=%1").arg(destinEmprCod));
+    return nome.isEmpty() ? QStringLiteral("<NÃO ENCONTRADO>") : nome.trimmed();
 }

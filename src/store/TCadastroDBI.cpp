@@ -1,5 +1,4 @@
-// The registers behind the item panel's buttons, by host form and action name.
-#include "TCadastroF.h"
+#include "TCadastroDBI.h"
 
 #include "Contexto.h"
 
@@ -53,7 +52,7 @@ const QList<TDefCadastro> &Definicoes()
 
 } // namespace
 
-namespace Cadastros {
+namespace TCadastroDBI {
 
 const TDefCadastro *Definicao(const QString &form, const QString &acao)
 {
@@ -63,21 +62,46 @@ const TDefCadastro *Definicao(const QString &form, const QString &acao)
     return nullptr;
 }
 
-std::unique_ptr<TCadastroF> Criar(const QString &form, const QString &acao, TConexaoSQL &conexao, QWidget *parent)
+QString SqlSelect(const TDefCadastro &def)
 {
-    const TDefCadastro *def = Definicao(form, acao);
-    if (!def)
-        return nullptr;
-    return std::make_unique<TCadastroF>(*def, conexao, parent);
+    QStringList nomes;
+    for (const TColunaCadastro &c : def.colunas)
+        nomes << c.nome;
+    return QLatin1String("select ") + nomes.join(QLatin1String(", ")) + QLatin1String(" from ") + def.tabela
+           + QLatin1String(" order by ") + def.colunas.first().nome;
 }
 
-bool Abrir(const QString &form, const QString &acao, TConexaoSQL &conexao, QWidget *parent)
+QString SqlProximoCodigo(const TDefCadastro &def)
 {
-    const auto editor = Criar(form, acao, conexao, parent);
-    if (!editor)
-        return false;
-    editor->exec();
-    return editor->Alterado();
+    return QLatin1String("select coalesce(max(") + def.colunas.first().nome + QLatin1String("), 0) + 1 from ")
+           + def.tabela;
 }
 
-} // namespace Cadastros
+QStringList SqlInserir(const TDefCadastro &def, const QStringList &valores, int codigo)
+{
+    QStringList nomes;
+    for (const TColunaCadastro &c : def.colunas)
+        nomes << c.nome;
+    QStringList sql{QLatin1String("insert into ") + def.tabela + QLatin1String(" (") + nomes.join(QLatin1String(", "))
+                    + QLatin1String(") values (") + valores.join(QLatin1String(", ")) + QLatin1Char(')')};
+    if (def.aoInserir)
+        sql << def.aoInserir(codigo);
+    return sql;
+}
+
+QString SqlAlterar(const TDefCadastro &def, const QStringList &valores, int codigo)
+{
+    QStringList atribuicoes;
+    for (qsizetype i = 1; i < def.colunas.size(); ++i)
+        atribuicoes << def.colunas.at(i).nome + QLatin1Char('=') + valores.value(i);
+    return QLatin1String("update ") + def.tabela + QLatin1String(" set ") + atribuicoes.join(QLatin1String(", "))
+           + QLatin1String(" where ") + def.colunas.first().nome + QLatin1Char('=') + QString::number(codigo);
+}
+
+QString SqlExcluir(const TDefCadastro &def, int codigo)
+{
+    return QLatin1String("delete from ") + def.tabela + QLatin1String(" where ") + def.colunas.first().nome
+           + QLatin1Char('=') + QString::number(codigo);
+}
+
+} // namespace TCadastroDBI

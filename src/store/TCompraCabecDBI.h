@@ -1,6 +1,7 @@
 #pragma once
 
 #include "Money.h"
+#include "TChaveNota.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -13,12 +14,10 @@ class TClientDataSet;
 class TConexaoSQL;
 class TQ;
 
-// The header of a note as typed on the note panel, and the statements that store it.
-struct TNotaCabec
+// The header of a note, a row of compra, and the statements that read and store it.
+struct TCompraCabecDBI
 {
-    int emprCod = 0;
-    int estacaoCod = 0;
-    int compraCod = 0;
+    TChaveNota chave;
     int destinEmprCod = 0;
     int tipoCod = 34;
     QDate dtDoc;
@@ -59,8 +58,12 @@ struct TNotaCabec
 
     // The stored header of a note; ICMS ST, which has no column, is what the total holds beyond
     // the other amounts.
-    static std::optional<TNotaCabec> Ler(TConexaoSQL &conexao, int emprCod, int estacaoCod, int compraCod,
-                                         bool somarIPI, QString *erro);
+    static std::optional<TCompraCabecDBI> Ler(TConexaoSQL &conexao, const TChaveNota &chave, bool somarIPI,
+                                              QString *erro);
+    // The code of a new note, from compra_g; 0 when the generator fails.
+    static int ProximoCodigo(TConexaoSQL &conexao);
+    // The destination company's name as the note list shows it; empty for no destination.
+    static QString NomeDestino(TConexaoSQL &conexao, int destinEmprCod);
 
     // The note list row showing this header (the current row, in edit or insert state).
     void ParaLinhaDaLista(TClientDataSet &notas, const QString &destinEmprNome) const;

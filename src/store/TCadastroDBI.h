@@ -1,0 +1,55 @@
+#pragma once
+
+#include <QList>
+#include <QString>
+#include <QStringList>
+
+class TConexaoSQL;
+
+// How a column of a register is typed and spliced into SQL.
+enum class TTipoColunaCadastro {
+    Codigo,     // integer
+    Texto,      // quoted text, empty is NULL
+    Valor,      // decimal number (money, rates)
+    Quantidade, // decimal number with 3 places
+    Lista,      // integer code chosen from a list (`lista` gives "select code, text ...")
+};
+
+struct TColunaCadastro
+{
+    QString nome;           // column of the table
+    QString titulo;         // caption in the grid and beside the field
+    TTipoColunaCadastro tipo = TTipoColunaCadastro::Texto;
+    int tamanho = 0;        // characters of a text; decimals of a value
+    bool obrigatoria = false;
+    QString lista;          // for Lista: the statement that fills the choice
+};
+
+// One register table: its key (the first column, an integer code) and its columns.
+struct TDefCadastro
+{
+    QString form;           // host form name, e.g. "UnidF"
+    QString acao;           // host action name, e.g. "EstoqUnidAct"
+    QString titulo;         // window title
+    QString tabela;
+    QList<TColunaCadastro> colunas;
+    // Run after a new row is inserted, given the new code; may add rows of other tables.
+    QStringList (*aoInserir)(int codigo) = nullptr;
+};
+
+// The statements of the small register editors. Values come already spliced through the value
+// functions (`QuotedStr`, `FloatToStrPonto`, integers, "NULL"), one per column in column order.
+namespace TCadastroDBI {
+
+// The registers the item panel opens: "ProdF"/"TabProdAct" (products), "UnidF"/"EstoqUnidAct"
+// (units) and "TribF"/"TabFiscoTributAct" (tax situations). Null for other names.
+const TDefCadastro *Definicao(const QString &form, const QString &acao);
+
+QString SqlSelect(const TDefCadastro &def);
+QString SqlProximoCodigo(const TDefCadastro &def);
+// The insert and whatever the register adds after it.
+QStringList SqlInserir(const TDefCadastro &def, const QStringList &valores, int codigo);
+QString SqlAlterar(const TDefCadastro &def, const QStringList &valores, int codigo);
+QString SqlExcluir(const TDefCadastro &def, int codigo);
+
+} // namespace TCadastroDBI
