@@ -6,6 +6,7 @@
 #include <QStringList>
 
 #include <algorithm>
+#include <functional>
 
 // The statements sent to the database while it lives, exactly as the connection logs them.
 class RegistroSql final
@@ -34,6 +35,8 @@ public:
         }
         return r;
     }
+    // Called with each statement as it is sent (benchmarks time against it).
+    static void AoRegistrar(std::function<void(const QString &)> ao) { s_ao = std::move(ao); }
     static bool Enviou(const QString &trecho)
     {
         return std::any_of(s_sql.cbegin(), s_sql.cend(), [&](const QString &s) { return s.contains(trecho); });
@@ -42,11 +45,15 @@ public:
 private:
     static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
     {
-        if (QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql" && tipo == QtDebugMsg)
+        if (QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql" && tipo == QtDebugMsg) {
             s_sql << msg;
+            if (s_ao)
+                s_ao(msg);
+        }
         else if (s_anterior)
             s_anterior(tipo, ctx, msg);
     }
     static inline QStringList s_sql;
     static inline QtMessageHandler s_anterior = nullptr;
+    static inline std::function<void(const QString &)> s_ao;
 };

@@ -1,5 +1,6 @@
 #include "TestDatabase.h"
 
+#include "BancoTeste.h"
 #include "Database.h"
 
 #include <QCryptographicHash>
@@ -15,38 +16,28 @@ QString fixtureBase()
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-QString scriptsDe(TestDatabase::Conteudo conteudo)
+QString dadosDe(TestDatabase::Conteudo conteudo)
 {
-    QString script = Database::Script(QStringLiteral("schema"));
     if (conteudo == TestDatabase::Conteudo::FixtureBase)
-        script += QStringLiteral(";\n") + fixtureBase();
-    else if (conteudo == TestDatabase::Conteudo::Demo)
-        script += QStringLiteral(";\n") + Database::Script(QStringLiteral("demo"));
-    return script;
+        return fixtureBase();
+    if (conteudo == TestDatabase::Conteudo::Demo)
+        return Database::Script(QStringLiteral("demo"));
+    return {};
 }
 
 // Made once and shared by every test process; renamed into place so that a half-made template
 // is never copied.
 QString modelo(TestDatabase::Conteudo conteudo, QString *erro)
 {
-    const QString script = scriptsDe(conteudo);
-    const QByteArray hash = QCryptographicHash::hash(script.toUtf8(), QCryptographicHash::Sha1).toHex().left(12);
+    const QString dados = dadosDe(conteudo);
+    const QByteArray hash = QCryptographicHash::hash((Database::Script(QStringLiteral("schema")) + dados).toUtf8(),
+                                                     QCryptographicHash::Sha1).toHex().left(12);
     const QString caminho = QDir::tempPath() + QStringLiteral("/pavrel-test-%1.fdb").arg(QString::fromLatin1(hash));
     if (QFile::exists(caminho))
         return caminho;
     TDadosBanco banco;
     banco.database = caminho + QStringLiteral(".%1.tmp").arg(QCoreApplication::applicationPid());
-    QFile::remove(banco.database);
-    // Tests need no flush per commit: a lost test database is simply made again.
-    bool ok = Database::CreateEmpty(banco, erro) && Database::SetForcedWrites(banco, false, erro);
-    if (ok) {
-        TConexaoSQL conexao(banco);
-        ok = conexao.Conectar() && Database::RunScript(conexao.NomeConexao(), script, erro);
-        if (!ok && erro->isEmpty())
-            *erro = conexao.UltimoErro();
-        conexao.Desconectar();
-    }
-    TConexaoSQL::FecharOciosas(banco.database);
+    const bool ok = BancoTeste::Criar(banco, Database::SplitScript(dados), false, erro);
     if (!ok) {
         QFile::remove(banco.database);
         return {};
@@ -64,12 +55,8 @@ TestDatabase::TestDatabase(Conteudo conteudo)
     if (origem.isEmpty())
         return;
     m_banco.database = m_pasta.filePath(QStringLiteral("teste.fdb"));
-    if (!QFile::copy(origem, m_banco.database)) {
-        m_erro = QStringLiteral("não foi possível copiar %1").arg(origem);
+    if (!BancoTeste::Copiar(origem, m_banco, &m_erro))
         return;
-    }
-    QFile::setPermissions(m_banco.database, QFile::ReadOwner | QFile::WriteOwner);
-    Contexto::Atual().banco = m_banco;
     m_conexao = std::make_unique<TConexaoSQL>(m_banco);
 }
 
