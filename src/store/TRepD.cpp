@@ -13,7 +13,6 @@
 #include "TGetQtdItens.h"
 #include "TGetSqlItens.h"
 #include "TPreencheTribSL.h"
-#include "TProgressForm.h"
 #include "TProgresso.h"
 #include "TQueryToClient.h"
 #include "UTipoDoc.h"
@@ -115,7 +114,7 @@ QString TRepD::SqlNotas(const TFiltroNotas &filtro)
 
 bool TRepD::CarregarNotas(const TFiltroNotas &filtro)
 {
-    TProgressForm::Exibir(QStringLiteral("Trazendo notas..."));
+    TProgresso::Janela().Exibir(QStringLiteral("Trazendo notas..."), 0);
     TClientDataSet &notas = *m_notas;
     TRastroDebug rastro(NivelRastro);
     QString erro;
@@ -125,7 +124,7 @@ bool TRepD::CarregarNotas(const TFiltroNotas &filtro)
             m_clientManager1->OrdenarPelaColunm();
             notas.First();
             notas.EnableControls();
-            TProgressForm::Fechar();
+            TProgresso::Janela().Fechar();
         });
         notas.DisableControls();
         notas.EmptyDataSet();
@@ -195,11 +194,11 @@ QString TRepD::PreencherNotas(const TFiltroNotas &filtro, TRastroDebug &rastro)
     const QString textoManual = QStringLiteral("MANUAL");
     const QChar zero = QLatin1Char('0');
 
-    TProgressForm::Exibir(QStringLiteral("Trazendo notas..."), q->RecordCount());
+    TProgresso::Janela().Exibir(QStringLiteral("Trazendo notas..."), q->RecordCount());
     int linha = 0;
     for (q->First(); !q->Eof(); q->Next(), ++linha) {
         if (linha % PassoProgresso == 0 && linha > 0)
-            TProgressForm::Avancar(linha);
+            TProgresso::Janela().PegarAtual(linha);
 
         const QString tipoLido = q->Fields(cTipo).AsString();
         const int tipoCod = TipoDoc::CodigoDoChar(tipoLido);
