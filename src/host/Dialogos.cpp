@@ -1,12 +1,16 @@
 #include "Dialogos.h"
 
-#include "DialogosQt.h"
+#include "DialogosConsole.h"
+
+#include <QTextStream>
 
 static TDialogos *g_dialogos = nullptr;
 
 TDialogos &TDialogos::Atual()
 {
-    static TDialogosQt padrao;
+    // Nobody installed real dialogs: nothing may wait for an answer that cannot come.
+    static QTextStream erros(stderr);
+    static TDialogosConsole padrao(false, erros);
     return g_dialogos ? *g_dialogos : padrao;
 }
 

@@ -20,7 +20,7 @@ public:
                                       const QString &filtro, bool salvar) = 0;
 
     static TDialogos &Atual();
-    // Not owned; nullptr restores the default (real dialogs).
+    // Not owned; nullptr restores the default (the console, answering no).
     static void Definir(TDialogos *dialogos);
     // The one set by Definir, or nullptr for the default.
     static TDialogos *Definido();

@@ -4,8 +4,9 @@
 
 #include <QTextStream>
 
-// Dialogs of the headless commands: messages go to standard error prefixed by their kind;
-// questions take the answer given on the command line (--yes), otherwise no.
+// Dialogs of the headless commands, and the default where no screen installed real ones:
+// messages go to standard error prefixed by their kind; questions take the answer given on the
+// command line (--yes), otherwise no.
 class TDialogosConsole final : public TDialogos
 {
 public:

@@ -1,6 +1,6 @@
 #include "Money.h"
 
-#include "Valores.h"
+#include "NumeroBR.h"
 
 #include <algorithm>
 #include <charconv>

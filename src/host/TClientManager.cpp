@@ -1,30 +1,6 @@
 #include "TClientManager.h"
 
-#include <QFontMetrics>
-#include <QHeaderView>
-#include <QItemSelectionModel>
-#include <QSignalBlocker>
-#include <QTableView>
-
 #include <algorithm>
-
-namespace {
-
-// Characters a column shows when the field gives no display width.
-int DefaultWidth(TFieldType type)
-{
-    switch (type) {
-    case TFieldType::String: return 20;
-    case TFieldType::Integer: return 8;
-    case TFieldType::Float: case TFieldType::Money: return 12;
-    case TFieldType::Boolean: return 5;
-    case TFieldType::Date: return 10;
-    case TFieldType::DateTime: return 17;
-    }
-    return 10;
-}
-
-} // namespace
 
 TClientManager::TClientManager(TClientDataSet *dataSet, QObject *parent)
     : QAbstractTableModel(parent), m_dataSet(dataSet)
@@ -41,7 +17,7 @@ TClientManager::TClientManager(TClientDataSet *dataSet, QObject *parent)
     connect(dataSet, &DS::LayoutAboutToBeChanged, this, &TClientManager::OnLayoutAboutToBeChanged);
     connect(dataSet, &DS::LayoutChanged, this, &TClientManager::OnLayoutChanged);
     connect(dataSet, &DS::FieldsChanged, this, &TClientManager::OnFieldsChanged);
-    connect(dataSet, &DS::AfterScroll, this, &TClientManager::SyncViewToCursor);
+    connect(dataSet, &DS::AfterScroll, this, &TClientManager::ReportCursor);
     connect(dataSet, &QObject::destroyed, this, [this] {
         beginResetModel();
         m_columns.clear();
@@ -176,7 +152,7 @@ void TClientManager::OnRowRemoved()
 void TClientManager::EndChange()
 {
     m_changing = false;
-    SyncViewToCursor();
+    ReportCursor();
 }
 
 void TClientManager::OnRowChanged(int row)
@@ -195,7 +171,6 @@ void TClientManager::OnReset()
 {
     Rebuild();
     endResetModel();
-    ShowSortIndicator();
     EndChange();
 }
 
@@ -220,7 +195,6 @@ void TClientManager::OnLayoutChanged()
     m_persistentBefore.clear();
     m_persistentRows.clear();
     emit layoutChanged({}, QAbstractItemModel::VerticalSortHint);
-    ShowSortIndicator();
     EndChange();
 }
 
@@ -231,80 +205,12 @@ void TClientManager::OnFieldsChanged()
     beginResetModel();
     Rebuild();
     endResetModel();
-    PrepGrid();
-    ShowSortIndicator();
+    emit ColumnsChanged();
     EndChange();
 }
 
-// --- The attached view -----------------------------------------------------------------------
-
-void TClientManager::Attach(QTableView *view)
+void TClientManager::ReportCursor()
 {
-    m_view = view;
-    view->setModel(this);
-    view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    view->setSelectionMode(QAbstractItemView::SingleSelection);
-    view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    // Enabling sorting sorts by the header's indicator at once; -1 keeps the rows as they are.
-    view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
-    view->setSortingEnabled(true);
-    connect(view->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            [this](const QModelIndex &current) { OnViewCurrentRowChanged(current); });
-    PrepGrid();
-    ShowSortIndicator();
-    SyncViewToCursor();
-}
-
-void TClientManager::PrepGrid()
-{
-    if (!m_view || !m_dataSet)
-        return;
-    const QFontMetrics cell = m_view->fontMetrics();
-    const QFontMetrics title = m_view->horizontalHeader()->fontMetrics();
-    const int digit = cell.horizontalAdvance(QLatin1Char('0'));
-    for (int column = 0; column < columnCount(); ++column) {
-        const TField &field = m_dataSet->Fields(FieldOfColumn(column));
-        const int chars = field.DisplayWidth() > 0 ? field.DisplayWidth() : DefaultWidth(field.DataType());
-        // room for the sort arrow next to the caption
-        const int width = std::max(digit * chars + 12, title.horizontalAdvance(field.DisplayLabel()) + 28);
-        m_view->setColumnWidth(column, width);
-    }
-}
-
-void TClientManager::OnViewCurrentRowChanged(const QModelIndex &current)
-{
-    if (m_syncing || m_changing || !m_dataSet || !current.isValid() || !m_dataSet->Active())
-        return;
-    const int recNo = current.row() + 1;
-    if (recNo <= m_dataSet->RecordCount() && recNo != m_dataSet->RecNo())
-        m_dataSet->SetRecNo(recNo);
-}
-
-void TClientManager::SyncViewToCursor()
-{
-    if (!m_view || !m_dataSet || m_dataSet->ControlsDisabled() || m_view->model() != this)
-        return;
-    QItemSelectionModel *selection = m_view->selectionModel();
-    const int row = m_dataSet->RecNo() - 1;
-    m_syncing = true;
-    if (row < 0 || row >= m_rowCount || m_columns.empty()) {
-        selection->clear();
-    } else {
-        const int column = std::max(selection->currentIndex().column(), 0);
-        const QModelIndex target = index(row, std::min(column, columnCount() - 1));
-        if (selection->currentIndex() != target || !selection->isRowSelected(row))
-            selection->setCurrentIndex(target, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-        m_view->scrollTo(target);
-    }
-    m_syncing = false;
-}
-
-void TClientManager::ShowSortIndicator()
-{
-    if (!m_view || !m_dataSet)
-        return;
-    QHeaderView *header = m_view->horizontalHeader();
-    // The header would ask for the same sort again; it is already done.
-    const QSignalBlocker blocker(header);
-    header->setSortIndicator(ColumnOfField(m_dataSet->SortField()), m_dataSet->SortOrder());
+    if (m_dataSet && !m_dataSet->ControlsDisabled())
+        emit CursorMoved(m_dataSet->RecNo() - 1);
 }

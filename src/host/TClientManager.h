@@ -9,11 +9,9 @@
 
 #include <vector>
 
-class QTableView;
-
 // Read-only grid model over one TClientDataSet: one column per visible field, in declaration
-// order. Clicking a title sorts the dataset; the view's current row and the dataset cursor follow
-// each other.
+// order. Clicking a title sorts the dataset. A grid follows the cursor through CursorMoved
+// (TGradeDataSet does that for a QTableView).
 class TClientManager final : public QAbstractTableModel
 {
     Q_OBJECT
@@ -35,8 +33,16 @@ public:
     // Re-applies the dataset's current sort, e.g. after reloading its rows.
     void OrdenarPelaColunm();
 
-    void Attach(QTableView *view);
-    void PrepGrid();   // column widths from the fields' display widths and captions
+    // True between the dataset's about-to and done notifications: a view moving its current
+    // row then is not the user choosing a row.
+    bool Changing() const { return m_changing; }
+
+signals:
+    // Where the cursor is now (-1: no row), after a move and after every change of the rows;
+    // silent while the dataset's controls are disabled.
+    void CursorMoved(int row);
+    // The columns were rebuilt from changed fields.
+    void ColumnsChanged();
 
 private:
     void Rebuild();
@@ -50,18 +56,14 @@ private:
     void OnLayoutAboutToBeChanged();
     void OnLayoutChanged();
     void OnFieldsChanged();
-    void OnViewCurrentRowChanged(const QModelIndex &current);
     void EndChange();
-    void SyncViewToCursor();
-    void ShowSortIndicator();
+    void ReportCursor();
 
     QPointer<TClientDataSet> m_dataSet;
-    QPointer<QTableView> m_view;
     std::vector<int> m_columns;   // field index of each column
     // The row count the attached views know; while the dataset's controls are disabled it stays
     // put until the reset that ends the batch.
     int m_rowCount = 0;
-    bool m_syncing = false;    // the view is being moved to the cursor
     bool m_changing = false;   // the dataset is between an about-to and a done notification
     QModelIndexList m_persistentBefore;
     QList<TBookmark> m_persistentRows;

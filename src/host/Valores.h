@@ -4,6 +4,7 @@
 // Every value spliced into a statement goes through one of these functions.
 
 #include "Money.h"
+#include "NumeroBR.h"
 
 #include <QDate>
 #include <QDateTime>
@@ -60,9 +61,7 @@ QString FormatDateTime(const QString &pattern, const QDate &value);
 // ignored; anything else gives nullopt. A '.' groups thousands, so exactly three digits follow
 // it: "1.234" is 1234, while "12.5" and "1,234.56" are refused.
 std::optional<double> LerNumeroBR(const QString &text);
-// The same reading as plain decimal text with '.', every digit kept ("1.234,50" -> "1234.5",
-// "-0,0" -> "0"), for readers that must not go through a double; nullopt as above.
-std::optional<QString> NumeroBRParaPonto(const QString &text);
+// The same reading as plain decimal text: NumeroBRParaPonto (NumeroBR.h).
 
 // --- Dates ------------------------------------------------------------------------------------------
 

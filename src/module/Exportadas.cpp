@@ -2,13 +2,31 @@
 #include "ComandosHeadless.h"
 #include "Contexto.h"
 #include "Dialogos.h"
+#include "DialogosQt.h"
 #include "ModuloPavrel.h"
 #include "PavrelExports.h"
+#include "TProgressForm.h"
 #include "TRepF.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
 #include <QVariant>
+
+namespace {
+
+// The screen shows real dialogs and the host's progress window, unless whoever opens it (a
+// test) installed its own.
+void InstalarJanelas()
+{
+    static TDialogosQt dialogos;
+    static TProgressForm progresso;
+    if (!TDialogos::Definido())
+        TDialogos::Definir(&dialogos);
+    if (!TProgresso::JanelaDefinida())
+        TProgresso::DefinirJanela(&progresso);
+}
+
+} // namespace
 
 extern "C" {
 
@@ -44,6 +62,7 @@ Q_DECL_EXPORT int PavrelExecutar(const QStringList *argumentos)
 // and frees it; until then it goes with the application.
 Q_DECL_EXPORT QVariant AbrirRep()
 {
+    InstalarJanelas();
     if (Contexto::Atual().banco.database.isEmpty()) {
         QString erro;
         if (!ModuloPavrel::Iniciar(TDadosHost{}, &erro)) {

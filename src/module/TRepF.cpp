@@ -12,7 +12,7 @@
 #include "TItemNota.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"
-#include "TProgressForm.h"
+#include "TProgresso.h"
 #include "TRepF_KeyDown_F6.h"
 #include "TRepTotais.h"
 #include "TTotaisBar.h"
@@ -175,13 +175,13 @@ bool TRepF::CarregarNotas()
 
 void TRepF::ShowTimerTimer()
 {
-    TProgressForm::Exibir(QStringLiteral("Pavrel..."));
+    TProgresso::Janela().Exibir(QStringLiteral("Pavrel..."), 0);
     CarregarNotas();
     // The list takes a good share of the height; the item panel and its grid the rest.
     auto *splitter = static_cast<QSplitter *>(m_painelCentral);
     const int altura = splitter->height();
     splitter->setSizes({altura * 11 / 20, altura - altura * 11 / 20});
-    TProgressForm::Fechar();
+    TProgresso::Janela().Fechar();
     setProperty("listaCarregada", true);
     Q_EMIT ListaCarregada();
 }

@@ -6,6 +6,7 @@
 #include "TConexD.h"
 #include "TConsultasDBI.h"
 #include "TEdNotaPanel.h"
+#include "TGradeDataSet.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"
 #include "TPreencheTribSL.h"
@@ -212,7 +213,7 @@ void TRepF::montarTela()
     m_notasGrid->setAlternatingRowColors(true);
     m_notasGrid->setMouseTracking(true);
     m_notasGrid->viewport()->installEventFilter(this);
-    m_repD->ClientManager1().Attach(m_notasGrid);
+    TGradeDataSet::Attach(&m_repD->ClientManager1(), m_notasGrid);
 
     auto *inferior = new QWidget(splitter);
     auto *inferiorLayout = new QVBoxLayout(inferior);
@@ -237,7 +238,7 @@ void TRepF::montarTela()
     m_itensGrid->verticalHeader()->hide();
     m_itensGrid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_itensGrid->setAlternatingRowColors(true);
-    m_repD->ClientManager2().Attach(m_itensGrid);
+    TGradeDataSet::Attach(&m_repD->ClientManager2(), m_itensGrid);
     inferiorLayout->addWidget(m_itensGrid, 1);
     m_totaisBar = new TTotaisBar(inferior);
     inferiorLayout->addWidget(m_totaisBar);

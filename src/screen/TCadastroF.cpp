@@ -5,6 +5,7 @@
 #include "TClientDataSet.h"
 #include "TClientManager.h"
 #include "TConexaoSQL.h"
+#include "TGradeDataSet.h"
 #include "TNumEditBR.h"
 #include "Valores.h"
 
@@ -81,7 +82,7 @@ void TCadastroF::montar()
     m_grade->verticalHeader()->hide();
     m_grade->setAlternatingRowColors(true);
     m_grade->horizontalHeader()->setStretchLastSection(true);
-    m_manager->Attach(m_grade);
+    TGradeDataSet::Attach(m_manager, m_grade);
     layout->addWidget(m_grade, 1);
 
     auto *form = new QFormLayout;

@@ -5,6 +5,7 @@
 #include "TClientDataSet.h"
 #include "TClientManager.h"
 #include "TConexaoSQL.h"
+#include "TGradeDataSet.h"
 #include "TItemPanel.h"
 
 #include <QApplication>
@@ -51,7 +52,7 @@ TProdLista::TProdLista(TItemPanel &panel, TConexaoSQL &conexao, QObject *parent)
     m_produtos->AddField(QStringLiteral("PROD_COD"), TFieldType::Integer, QStringLiteral("Código"), QStringLiteral("00000"));
     m_produtos->Open();
     m_manager = new TClientManager(m_produtos, this);
-    m_manager->Attach(m_panel.ProdDBGrid());
+    TGradeDataSet::Attach(m_manager, m_panel.ProdDBGrid());
     // The description takes the width the maker and the code leave, so the code is never cut off.
     QHeaderView *titulos = m_panel.ProdDBGrid()->horizontalHeader();
     titulos->setStretchLastSection(false);

@@ -7,7 +7,7 @@
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TEstMovCompo_DBI.h"
-#include "TProgressForm.h"
+#include "TProgresso.h"
 #include "UProduto.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
@@ -163,7 +163,7 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
     int contador = 1;
     for (itens.First(); !itens.Eof(); itens.Next(), ++contador) {
         if (contador % PassoProgresso == 0)
-            TProgressForm::Avancar(contador);
+            TProgresso::Janela().PegarAtual(contador);
         const TItemBaixa item = colunas.Ler(itens);
         onde = QStringLiteral("no item %1 (produto %2)").arg(contador).arg(item.prodCod);
         const auto precos = AbOuErro(conexao, TBaixaNota::SQLPrecosDeUmItem(nota, item.itemCod),
@@ -240,8 +240,8 @@ bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
 
     const bool criaCustos = nota.tipoCod == TipoDoc::Entrada || (producCriaCustos && nota.tipoCod == TipoDoc::Producao);
     QStringList custeados;
-    TProgressForm::Exibir(QStringLiteral("Entrada de estoque de produtos"), qtdItens);
-    const auto fecharProgresso = qScopeGuard([] { TProgressForm::Fechar(); });
+    TProgresso::Janela().Exibir(QStringLiteral("Entrada de estoque de produtos"), qtdItens);
+    const auto fecharProgresso = qScopeGuard([] { TProgresso::Janela().Fechar(); });
 
     // Where a failure stopped the posting, for its message.
     QString onde = QStringLiteral("antes do primeiro item");

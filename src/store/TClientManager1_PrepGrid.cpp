@@ -57,5 +57,4 @@ void TClientManager1_PrepGrid::Executar(TClientManager &manager)
     for (const auto &[nome, largura] : Larguras)
         if (TField *campo = notas->FindField(QLatin1String(nome)))
             campo->SetDisplayWidth(largura);
-    manager.PrepGrid();
 }

@@ -3,7 +3,7 @@
 class TClientManager;
 
 // Column widths of the note list, in characters, wide enough for the values each column holds;
-// the grid manager widens a column further when its caption needs it.
+// the grid widens a column further when its caption needs it.
 class TClientManager1_PrepGrid final
 {
 public:

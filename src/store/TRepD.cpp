@@ -14,7 +14,6 @@
 #include "TGetQtdItens.h"
 #include "TGetSqlItens.h"
 #include "TPreencheTribSL.h"
-#include "TProgressForm.h"
 #include "TProgresso.h"
 #include "TQueryToClient.h"
 #include "UTipoDoc.h"
@@ -208,8 +207,10 @@ const QString FalhaLista = QStringLiteral("Não foi possível carregar a lista d
 
 QString TRepD::SqlNota(int emprCod, int estacaoCod, int compraCod)
 {
-    QString sql = SqlNotas(TFiltroNotas{.considerarDatas = false, .canceladosIndice = 0})
-                  + QLatin1String(" where compra.empr_cod=") + QString::number(emprCod)
+    TFiltroNotas todas;
+    todas.considerarDatas = false;
+    todas.canceladosIndice = 0;
+    QString sql = SqlNotas(todas) + QLatin1String(" where compra.empr_cod=") + QString::number(emprCod)
                   + QLatin1String(" and compra.compra_cod=") + QString::number(compraCod);
     if (estacaoCod >= 0)
         sql += QLatin1String(" and compra.estacao_cod=") + QString::number(estacaoCod);
@@ -235,7 +236,7 @@ bool TRepD::CarregarNota(int emprCod, int estacaoCod, int compraCod)
 
 bool TRepD::Carregar(const QString &sql, int origemIndice)
 {
-    TProgressForm::Exibir(QStringLiteral("Trazendo notas..."));
+    TProgresso::Janela().Exibir(QStringLiteral("Trazendo notas..."), 0);
     TClientDataSet &notas = *m_notas;
     TRastroDebug rastro(NivelRastro);
     QString erro;
@@ -245,7 +246,7 @@ bool TRepD::Carregar(const QString &sql, int origemIndice)
             m_clientManager1->OrdenarPelaColunm();
             notas.First();
             notas.EnableControls();
-            TProgressForm::Fechar();
+            TProgresso::Janela().Fechar();
         });
         notas.DisableControls();
         notas.EmptyDataSet();
@@ -272,11 +273,11 @@ QString TRepD::PreencherNotas(const QString &sql, int origemIndice, TRastroDebug
         return FalhaLista.arg(m_conexao.UltimoErro());
 
     TLeitorNotas leitor(*q, notas, m_conexao);
-    TProgressForm::Exibir(QStringLiteral("Trazendo notas..."), q->RecordCount());
+    TProgresso::Janela().Exibir(QStringLiteral("Trazendo notas..."), q->RecordCount());
     int linha = 0;
     for (q->First(); !q->Eof(); q->Next(), ++linha) {
         if (linha % PassoProgresso == 0 && linha > 0)
-            TProgressForm::Avancar(linha);
+            TProgresso::Janela().PegarAtual(linha);
         if (linha < 3 && rastro.Ativo()) {
             const int tipoCod = TipoDoc::CodigoDoChar(leitor.TipoLido());
             rastro.Add(QStringLiteral("q.FieldByName('TIPO_cod').AsString=[%1]").arg(leitor.TipoLido()));

@@ -1,48 +1,41 @@
 #include "Money.h"
 #include "TClientDataSet.h"
 #include "TClientManager.h"
+#include "TGradeDataSet.h"
 
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
+#include <QScopeGuard>
 #include <QSignalSpy>
 #include <QTableView>
 #include <QTest>
 
-#include <memory>
+#include <functional>
+#include <utility>
 
 namespace {
 
-// Collects what QAbstractItemModelTester reports instead of aborting the whole run.
-class TesterFailures final
+// What QAbstractItemModelTester reports, collected instead of aborting the whole run.
+QStringList g_modelFailures;
+void CollectModelFailures(QtMsgType type, const QMessageLogContext &context, const QString &message)
 {
-public:
-    TesterFailures() { s_messages.clear(); m_previous = qInstallMessageHandler(&Handler); }
-    ~TesterFailures() { qInstallMessageHandler(m_previous); }
-    QStringList Messages() const { return s_messages; }
-
-private:
-    static void Handler(QtMsgType type, const QMessageLogContext &context, const QString &message)
-    {
-        if (type != QtDebugMsg && QByteArray(context.category ? context.category : "") == "qt.modeltest")
-            s_messages << message;
-    }
-    static inline QStringList s_messages;
-    QtMessageHandler m_previous;
-};
+    if (type != QtDebugMsg && qstrcmp(context.category, "qt.modeltest") == 0)
+        g_modelFailures << message;
+}
 
 class ClientManagerTest : public ::testing::Test
 {
 protected:
     void SetUp() override
     {
+        // Fields declared after the model: its columns follow them.
         ds.AddField("COD", TFieldType::Integer, "Cód.", "000", true, 3);
         ds.AddField("OCULTO", TFieldType::Integer, {}, {}, false);
         ds.AddField("NOME", TFieldType::String, "Pessoa", {}, true, 40);
         ds.AddField("TOT", TFieldType::Money, "Total", "######0.00");
         ds.Open();
-        model = std::make_unique<TClientManager>(&ds);
     }
 
     void AddRow(int cod, const QString &nome, qint64 totRaw = 0)
@@ -57,14 +50,14 @@ protected:
     QStringList Column(int column) const
     {
         QStringList texts;
-        for (int row = 0; row < model->rowCount(); ++row)
-            texts << model->index(row, column).data().toString();
+        for (int row = 0; row < model.rowCount(); ++row)
+            texts << model.index(row, column).data().toString();
         return texts;
     }
 
     void ShowView()
     {
-        model->Attach(&view);
+        TGradeDataSet::Attach(&model, &view);
         view.resize(700, 400);
         view.show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
@@ -81,96 +74,65 @@ protected:
     int ViewRow() const { return view.currentIndex().row(); }
 
     TClientDataSet ds;
-    std::unique_ptr<TClientManager> model;
+    TClientManager model{&ds};
     QTableView view;
 };
 
 TEST_F(ClientManagerTest, ShowsVisibleFieldsWithCaptionsAndFormats)
 {
     AddRow(7, "ACME", 12345000);
-    ASSERT_EQ(model->columnCount(), 3);
-    EXPECT_EQ(model->headerData(0, Qt::Horizontal).toString(), "Cód.");
-    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "Pessoa");
-    EXPECT_EQ(model->headerData(2, Qt::Horizontal).toString(), "Total");
+    ASSERT_EQ(model.columnCount(), 3);
+    for (const auto &[column, title] : {std::pair(0, "Cód."), std::pair(1, "Pessoa"), std::pair(2, "Total")})
+        EXPECT_EQ(model.headerData(column, Qt::Horizontal).toString(), title);
     EXPECT_EQ(Column(0), QStringList{"007"});
     EXPECT_EQ(Column(2), QStringList{"1234,50"});
-    EXPECT_EQ(model->index(0, 2).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
-    EXPECT_FALSE(model->index(0, 1).data(Qt::TextAlignmentRole).isValid());
+    EXPECT_EQ(model.index(0, 2).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
+    EXPECT_FALSE(model.index(0, 1).data(Qt::TextAlignmentRole).isValid());
 
     ds.FieldByName("OCULTO").SetVisible(true);
-    EXPECT_EQ(model->columnCount(), 4);
-    EXPECT_EQ(model->headerData(1, Qt::Horizontal).toString(), "OCULTO");
-}
-
-TEST(ClientManager, ColumnsFollowFieldsDeclaredAfterTheModel)
-{
-    TClientDataSet ds;
-    TClientManager model(&ds);
-    TesterFailures failures;
-    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
-    EXPECT_EQ(model.columnCount(), 0);
-    ds.AddField("A", TFieldType::String, "Primeira");
-    ds.AddField("B", TFieldType::Integer, {}, {}, false);
-    ds.AddField("C", TFieldType::Date);
-    ASSERT_EQ(model.columnCount(), 2);
-    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "C");
-    EXPECT_TRUE(failures.Messages().isEmpty()) << failures.Messages().join('\n').toStdString();
+    EXPECT_EQ(model.columnCount(), 4);
+    EXPECT_EQ(model.headerData(1, Qt::Horizontal).toString(), "OCULTO");
 }
 
 TEST_F(ClientManagerTest, StaysConsistentThroughEveryDataSetOperation)
 {
-    TesterFailures failures;
-    QAbstractItemModelTester tester(model.get(), QAbstractItemModelTester::FailureReportingMode::Warning);
-    model->Attach(&view);
-    auto check = [&](const char *step) {
-        SCOPED_TRACE(step);
-        EXPECT_EQ(model->rowCount(), ds.RecordCount());
+    g_modelFailures.clear();
+    const QtMessageHandler previous = qInstallMessageHandler(&CollectModelFailures);
+    const auto restore = qScopeGuard([previous] { qInstallMessageHandler(previous); });
+    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Warning);
+    TGradeDataSet::Attach(&model, &view);
+    const auto edit = [&](const char *nome) { ds.FieldByName("NOME").SetAsString(nome); };
+    const std::pair<const char *, std::function<void()>> steps[] = {
+        {"append", [&] { AddRow(3, "c"); AddRow(1, "a"); AddRow(2, "b"); }},
+        {"insert", [&] { ds.SetRecNo(2); ds.Insert(); edit("novo"); ds.Post(); }},
+        {"cancel edit", [&] { ds.Edit(); edit("mudou"); ds.Cancel(); }},
+        {"cancel insert", [&] { ds.Append(); ds.Cancel(); }},
+        {"delete", [&] { ds.First(); ds.Delete(); }},
+        {"sort", [&] { model.sort(1, Qt::DescendingOrder); }},
+        {"reload", [&] {
+             ds.DisableControls();
+             ds.EmptyDataSet();
+             for (int i = 0; i < 5; ++i)
+                 AddRow(i, QString("x%1").arg(i));
+             model.OrdenarPelaColunm();
+             ds.EnableControls();
+         }},
+        {"field shown", [&] { ds.FieldByName("OCULTO").SetVisible(true); }},
+        {"delete last", [&] { ds.Last(); ds.Delete(); }},
+        {"empty", [&] { ds.EmptyDataSet(); }},
+        {"reopen", [&] { ds.Close(); ds.Open(); }},
+    };
+    for (const auto &[name, step] : steps) {
+        SCOPED_TRACE(name);
+        step();
+        EXPECT_EQ(model.rowCount(), ds.RecordCount());
         EXPECT_EQ(ViewRow(), ds.RecNo() - 1) << "view follows the cursor";
         for (int row = 0; row < ds.RecordCount(); ++row)
-            for (int column = 0; column < model->columnCount(); ++column)
-                EXPECT_EQ(model->index(row, column).data().toString(),
-                          ds.DisplayTextAt(row, model->FieldOfColumn(column)));
-    };
-
-    AddRow(3, "c");
-    AddRow(1, "a");
-    AddRow(2, "b");
-    check("append");
-    ds.SetRecNo(2);
-    ds.Insert();
-    ds.FieldByName("NOME").SetAsString("novo");
-    ds.Post();
-    check("insert");
-    ds.Edit();
-    ds.FieldByName("NOME").SetAsString("mudou");
-    ds.Cancel();
-    check("cancel edit");
-    ds.Append();
-    ds.Cancel();
-    check("cancel insert");
-    ds.First();
-    ds.Delete();
-    check("delete");
-    model->sort(1, Qt::DescendingOrder);
-    check("sort");
-    ds.DisableControls();
-    ds.EmptyDataSet();
-    for (int i = 0; i < 5; ++i)
-        AddRow(i, QString("x%1").arg(i));
-    model->OrdenarPelaColunm();
-    ds.EnableControls();
-    check("reload");
-    ds.FieldByName("OCULTO").SetVisible(true);
-    check("field shown");
-    ds.Last();
-    ds.Delete();
-    check("delete last");
-    ds.EmptyDataSet();
-    check("empty");
-    ds.Close();
-    ds.Open();
-    check("reopen");
-    EXPECT_TRUE(failures.Messages().isEmpty()) << failures.Messages().join('\n').toStdString();
+            for (int column = 0; column < model.columnCount(); ++column)
+                EXPECT_EQ(model.index(row, column).data().toString(),
+                          ds.DisplayTextAt(row, model.FieldOfColumn(column)));
+    }
+    EXPECT_EQ(g_modelFailures.join('\n').toStdString(), "");
 }
 
 TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
@@ -180,7 +142,7 @@ TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
     ShowView();
     QSignalSpy scrolls(&ds, &TClientDataSet::AfterScroll);
 
-    const QRect third = view.visualRect(model->index(2, 1));
+    const QRect third = view.visualRect(model.index(2, 1));
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, third.center());
     EXPECT_EQ(ds.RecNo(), 3);
     EXPECT_EQ(scrolls.count(), 1);
@@ -195,12 +157,11 @@ TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
     QTest::keyClick(&view, Qt::Key_Down);
     EXPECT_EQ(ds.RecNo(), 2);
     EXPECT_EQ(ds.State(), TDataSetState::Browse) << "leaving the row posts it";
-    EXPECT_EQ(model->index(0, 1).data().toString(), "editado");
+    EXPECT_EQ(model.index(0, 1).data().toString(), "editado");
 
     // The view moves its current row away from a row being removed; that must not move the
     // cursor half-way through the delete.
     ds.SetRecNo(3);
-    scrolls.clear();
     QStringList namesSeenOnScroll;
     QObject::connect(&ds, &TClientDataSet::AfterScroll, &ds, [&] { namesSeenOnScroll << ds.FieldByName("NOME").AsString(); });
     ds.Delete();
@@ -212,12 +173,16 @@ TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
     EXPECT_EQ(ds.FieldByName("NOME").AsString(), "n4");
 }
 
-TEST_F(ClientManagerTest, ClickingATitleSortsAndTheCursorKeepsItsRow)
+TEST_F(ClientManagerTest, TitlesSortAndColumnsKeepTheirWidthsThroughAReload)
 {
     AddRow(1, "Carlos", 30000);
     AddRow(2, "ana", 10000);
     AddRow(3, "Bruno", 20000);
     ShowView();
+    const int codWidth = view.columnWidth(0);
+    const int nomeWidth = view.columnWidth(1);
+    EXPECT_GT(nomeWidth, codWidth * 3) << "display widths of 40 and 3 characters";
+    EXPECT_GE(codWidth, view.horizontalHeader()->fontMetrics().horizontalAdvance("Cód.")) << "caption fits";
     ds.SetRecNo(2);   // ana
 
     ClickTitle(1);
@@ -226,36 +191,25 @@ TEST_F(ClientManagerTest, ClickingATitleSortsAndTheCursorKeepsItsRow)
     EXPECT_EQ(Column(1), (QStringList{"ana", "Bruno", "Carlos"}));
     EXPECT_EQ(ds.FieldByName("COD").AsInteger(), 2);
     EXPECT_EQ(ViewRow(), 0);
-
     ClickTitle(1);
     EXPECT_EQ(Column(1), (QStringList{"Carlos", "Bruno", "ana"}));
     EXPECT_EQ(ViewRow(), 2);
-
     ClickTitle(2);
     EXPECT_EQ(Column(2), (QStringList{"1,00", "2,00", "3,00"}));
-    EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), 2);
-}
-
-TEST_F(ClientManagerTest, ReloadKeepsTheChosenSortAndColumnWidths)
-{
-    ShowView();
-    model->sort(1, Qt::AscendingOrder);
-    const int codWidth = view.columnWidth(0);
-    const int nomeWidth = view.columnWidth(1);
-    EXPECT_GT(nomeWidth, codWidth * 3) << "display widths of 40 and 3 characters";
-    EXPECT_GE(codWidth, view.horizontalHeader()->fontMetrics().horizontalAdvance("Cód.")) << "caption fits";
 
     ds.DisableControls();
     ds.EmptyDataSet();
-    AddRow(1, "zeta");
-    AddRow(2, "alfa");
-    model->OrdenarPelaColunm();
+    AddRow(1, "zeta", 20000);
+    AddRow(2, "alfa", 10000);
+    model.OrdenarPelaColunm();
     ds.EnableControls();
-
     EXPECT_EQ(Column(1), (QStringList{"alfa", "zeta"}));
-    EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), 1);
+    EXPECT_EQ(view.horizontalHeader()->sortIndicatorSection(), 2);
     EXPECT_EQ(view.columnWidth(1), nomeWidth);
     EXPECT_EQ(ViewRow(), ds.RecNo() - 1);
+
+    ds.FieldByName("NOME").SetDisplayWidth(3);
+    EXPECT_LT(view.columnWidth(1), nomeWidth) << "a changed display width resizes its column";
 }
 
 } // namespace

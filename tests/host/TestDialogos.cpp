@@ -45,15 +45,11 @@ TEST(DialogosQt, QuestionsShowTheExactTextAndAnswerInPortuguese)
     EXPECT_EQ(visto, QStringLiteral("Nota já foi cancelada"));
 }
 
-TEST(DialogosTeste, RecordsMessagesAndAnswersFromTheScript)
+TEST(Dialogos, WithNoneInstalledQuestionsAnswerNoWithoutWaiting)
 {
-    DialogosTeste dialogos;
-    dialogos.Responder(true);
-    MensagemErro(QStringLiteral("um"));
-    EXPECT_TRUE(PerguntaDeletar());
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("um"));
-    ASSERT_EQ(dialogos.Perguntas().size(), 1);
-    EXPECT_EQ(dialogos.Perguntas().first().tipo, TipoPergunta::Deletar);
+    ASSERT_EQ(TDialogos::Definido(), nullptr);
+    EXPECT_FALSE(Pergunta(QStringLiteral("Deseja continuar?")));
+    EXPECT_FALSE(PerguntaDeletar());
 }
 
 TEST(RastroDebug, ShowsOnlyAtItsOwnLevel)

@@ -5,7 +5,7 @@
 #include "TBaixaNota.h"
 #include "TClientDataSet.h"
 #include "TConexaoSQL.h"
-#include "TProgressForm.h"
+#include "ProgressoTeste.h"
 #include "TRepD.h"
 #include "TestDatabase.h"
 #include "UTipoDoc.h"
@@ -68,6 +68,7 @@ protected:
 
     TestDatabase db;
     DialogosTeste dialogos;
+    ProgressoTeste progresso;
     TRepD repD{db.conexao()};
 };
 
@@ -266,8 +267,8 @@ TEST_F(BaixaNota, ProgressoACadaDezItensSemNovasConexoes)
     ASSERT_TRUE(Baixar());
     // One attachment may be opened for the host's connection beside the module's, none per item.
     EXPECT_LE(TConexaoSQL::AnexacoesAbertas() - anexacoes, 2);
-    EXPECT_EQ(TProgressForm::Posicao(), 20);
-    EXPECT_FALSE(TProgressForm::Visivel());
+    EXPECT_EQ(progresso.Posicao(), 20);
+    EXPECT_TRUE(progresso.Fechado());
     EXPECT_EQ(Conta(QStringLiteral("compra_est_mov")), 25);
     EXPECT_EQ(Conta(QStringLiteral("prod_preco")), 75);
     EXPECT_EQ(Conta(QStringLiteral("est_mov_compo")), 8);   // the items of product 3
@@ -295,7 +296,7 @@ TEST_F(BaixaNota, FalhaNoMeioMantemOsAnterioresENaoMarcaBaixada)
     EXPECT_EQ(Conta(QStringLiteral("prod_custo")), 1);
     EXPECT_EQ(Valor(QStringLiteral("select baixado from compra where compra_cod=4")), QLatin1String("N"));
     EXPECT_FALSE(repD.Notas().FieldByName(QStringLiteral("BAIXADO")).AsBoolean());
-    EXPECT_FALSE(TProgressForm::Visivel());
+    EXPECT_TRUE(progresso.Fechado());
 }
 
 TEST_F(BaixaNota, SemBancoAvisaEParaAntesDeTudo)

@@ -4,7 +4,7 @@
 #include "TClientDataSet.h"
 #include "TClientManager.h"
 #include "TConexaoSQL.h"
-#include "TProgressForm.h"
+#include "ProgressoTeste.h"
 #include "TRepD.h"
 #include "TestDatabase.h"
 #include "UTipoDoc.h"
@@ -343,6 +343,7 @@ TEST(CarregarNotasFalha, ADatabaseFailureShowsOneMessageAndLeavesAnEmptyList)
         ASSERT_TRUE(quebrado.ok()) << quebrado.erro().toStdString();
         TRepD outro(quebrado.conexao());
         DialogosTeste mensagens;
+        ProgressoTeste progresso;
         ASSERT_EQ(quebrado.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, "
                                                "destin_empr_cod) values (1, 1, 1, 2)")), QString());
         ASSERT_TRUE(outro.CarregarNotas(Todas()));
@@ -354,19 +355,20 @@ TEST(CarregarNotasFalha, ADatabaseFailureShowsOneMessageAndLeavesAnEmptyList)
         EXPECT_TRUE(texto.contains(caso.naMensagem, Qt::CaseInsensitive)) << texto.toStdString();
         EXPECT_EQ(outro.Notas().RecordCount(), 0);
         EXPECT_FALSE(outro.Notas().ControlsDisabled());
-        EXPECT_FALSE(TProgressForm::Visivel());
+        EXPECT_TRUE(progresso.Fechado());
     }
 }
 
 TEST(CarregarNotasSemBanco, AMissingDatabaseNamesItself)
 {
     DialogosTeste dialogos;
+    ProgressoTeste progresso;
     TConexaoSQL conexao(TDadosBanco{QStringLiteral("/nonexistent/pavrel.fdb")});
     TRepD repD(conexao);
     EXPECT_FALSE(repD.CarregarNotas(TFiltroNotas::Inicial(QDate(2026, 11, 22))));
     EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro).contains(QStringLiteral("/nonexistent/pavrel.fdb")));
     EXPECT_FALSE(repD.Notas().ControlsDisabled());
-    EXPECT_FALSE(TProgressForm::Visivel());
+    EXPECT_TRUE(progresso.Fechado());
 }
 
 TEST_F(CarregarNotas, TheTypeTraceShowsTheFirstThreeRowsAtLevel64Only)
