@@ -8,7 +8,6 @@
 #include <QAbstractSpinBox>
 #include <QApplication>
 #include <QComboBox>
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QStackedWidget>
@@ -64,18 +63,12 @@ inline void Percorrer(QWidget *pai, QStringList &falhas)
     }
 }
 
-// Overlapping siblings and children that stick out of their parent.
-inline QStringList Sobreposicoes(QWidget *raiz)
+// Overlapping siblings, children that stick out of their parent, captions narrower or lower than
+// their text and fields squeezed below their minimum.
+inline QStringList Defeitos(QWidget *raiz)
 {
     QStringList falhas;
     Percorrer(raiz, falhas);
-    return falhas;
-}
-
-// Captions narrower or lower than their text, and fields squeezed below their minimum.
-inline QStringList Espremidos(QWidget *raiz)
-{
-    QStringList falhas;
     for (QWidget *w : raiz->findChildren<QWidget *>()) {
         const QSize minimo = qobject_cast<QLabel *>(w) ? w->sizeHint() : w->minimumSizeHint();
         const bool interno = qobject_cast<QComboBox *>(w->parentWidget()) || qobject_cast<QAbstractSpinBox *>(w->parentWidget());
@@ -142,13 +135,6 @@ inline QStringList BlocosNaOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
         if (const QString nome = Bloco(raiz, w)->objectName(); blocos.isEmpty() || blocos.last() != nome)
             blocos.append(nome);
     return blocos;
-}
-
-// Saved only when PAVREL_CAPTURAS names a folder, so that a plain test run writes nothing.
-inline void Capturar(QWidget *w, const QString &arquivo)
-{
-    if (const QString pasta = qEnvironmentVariable("PAVREL_CAPTURAS"); !pasta.isEmpty() && QDir().mkpath(pasta))
-        w->grab().save(QDir(pasta).filePath(arquivo));
 }
 
 } // namespace verifica
