@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <climits>
+#include <limits>
 #include <numeric>
 #include <stdexcept>
 
@@ -153,18 +154,15 @@ TEST_F(ClientDataSetTest, EofAndBofFollowDelphiLoops)
 TEST_F(ClientDataSetTest, ConversionsAreForgiving)
 {
     const struct { const char *field; QVariant stored; QString text; int asInt; double asFloat; bool asBool; } rows[] = {
-        {"NOME", QString("junk"), "junk", 0, 0.0, false},
+        {"NOME", QString("junk"), "junk", 0, 0.0, false}, {"NOME", QString("S"), "S", 0, 0.0, true},
         {"NOME", QString("1234.5"), "1234.5", 1234, 1234.5, true},     // SQL-style text
         {"NOME", QString("1.234,5"), "1.234,5", 1234, 1234.5, true},   // Brazilian text
-        {"NOME", QString("S"), "S", 0, 0.0, true},
         {"QTD", 2.5, "2.5", 2, 2.5, true},                             // '.' whatever the locale; half to even
         {"TOT", QString("0,1"), "0.1", 0, 0.1, true},
         // 19 significant digits: a double on the way would lose the last ones
         {"TOT", QString("922337203685477.5807"), "922337203685477.5807", INT_MAX, 922337203685477.5807, true},
-        {"COD", QString(" 42 "), "42", 42, 42.0, true},
-        {"COD", QString("4x"), "0", 0, 0.0, false},
-        {"BAIXADO", true, "S", 1, 1.0, true},
-        {"BAIXADO", QString("N"), "N", 0, 0.0, false},
+        {"COD", QString(" 42 "), "42", 42, 42.0, true}, {"COD", QString("4x"), "0", 0, 0.0, false},
+        {"BAIXADO", true, "S", 1, 1.0, true}, {"BAIXADO", QString("N"), "N", 0, 0.0, false},
     };
     ds.Append();
     for (const auto &row : rows) {
@@ -184,6 +182,8 @@ TEST_F(ClientDataSetTest, ConversionsAreForgiving)
     }
     ds.FieldByName("DT").SetAsString("31/02/2026");
     EXPECT_TRUE(ds.FieldByName("DT").IsNull()) << "an impossible date is no date";
+    ds.FieldByName("TOT").SetAsString("922337203685477.5807");
+    EXPECT_EQ(ds.FieldByName("TOT").AsMoney().raw(), std::numeric_limits<qint64>::max());
 }
 
 TEST_F(ClientDataSetTest, DisplayTextUsesTheDisplayFormat)

@@ -59,8 +59,6 @@ TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRun)
         EXPECT_EQ(le.ValorStr(QStringLiteral("select valor from config where chave=") + chave), texto);
     }
     EXPECT_EQ(le.ValorInt(QStringLiteral("select count(*) from config")), textos.size());
-    escreve.Desconectar();
-    le.Desconectar();
 }
 
 TEST_F(ConexaoSQL, NumericColumnsReachMoneyAsPlainDecimals)

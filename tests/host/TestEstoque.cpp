@@ -43,7 +43,7 @@ TEST_F(Estoque, DirecaoDoMovimentoSegueOTipoDoDocumento)
     };
     for (const auto &c : casos) {
         SCOPED_TRACE(c.tipo);
-        ASSERT_EQ(InserirNota(db, {.compra = c.tipo, .tipo = c.tipo}), QString());
+        ASSERT_EQ(InserirNota(db, {.compra = c.tipo, .tipo = c.tipo, .itens = {}}), QString());
         const int prod = 100 + c.tipo;   // one product per case, so each balance stands alone
         const int mov = Movimento(c.tipo, prod, 5);
         EXPECT_EQ(Valor(QStringLiteral("select tipo || ' ' || qtd || ' ' || estacao_cod || ' ' || custo || ' ' || "
@@ -58,8 +58,8 @@ TEST_F(Estoque, DirecaoDoMovimentoSegueOTipoDoDocumento)
 TEST_F(Estoque, LigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQueBaixa)
 {
     // Two workstations created notes with the same code: the posting station picks its own.
-    ASSERT_EQ(InserirNota(db, {.estacao = 3, .compra = 50, .tipo = 34}), QString());
-    ASSERT_EQ(InserirNota(db, {.estacao = 4, .compra = 50, .tipo = 35}), QString());
+    ASSERT_EQ(InserirNota(db, {.estacao = 3, .compra = 50, .tipo = 34, .itens = {}}), QString());
+    ASSERT_EQ(InserirNota(db, {.estacao = 4, .compra = 50, .tipo = 35, .itens = {}}), QString());
     const QString sql = QStringLiteral("select m.tipo || ' ' || l.estacao_cod || ' ' || l.est_mov_estacao_cod || ' ' "
                                        "|| coalesce(m.prod_tipo_cod, '-') from est_mov m join compra_est_mov l on "
                                        "l.est_mov_cod=m.est_mov_cod where m.est_mov_cod=%1");
@@ -100,7 +100,7 @@ TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarECriaODoFornecedor)
 
 TEST_F(Estoque, DesbaixarEEnviarMovemOSaldoDasDuasEmpresas)
 {
-    ASSERT_EQ(InserirNota(db, {.compra = 5, .tipo = 36, .destin = 2, .baixado = true}), QString());
+    ASSERT_EQ(InserirNota(db, {.compra = 5, .tipo = 36, .destin = 2, .baixado = true, .itens = {}}), QString());
     const int mov = Movimento(5, 3, 4);
     ASSERT_EQ(db.exec(QStringLiteral("insert into est_mov_compo (empr_cod, est_mov_cod, est_mov_compo_cod, "
                                      "prod_cod_filho, qtd) values (2, %1, 1, 1, 8)").arg(mov)),

@@ -6,11 +6,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QPushButton>
-#include <QTableView>
-#include <QToolButton>
-#include <QVBoxLayout>
-
 #include <set>
 
 namespace {
@@ -174,8 +169,7 @@ TEST_F(ItemPanel, TabWalksProductLineQuantitiesTaxesThenPrices)
         if (!c.calculado)
             digitaveis.insert(c.pegar(m_painel));
     EXPECT_EQ(std::multiset<QWidget *>(caminho.begin(), caminho.end()), digitaveis) << "each field that takes typing, once";
-    EXPECT_EQ(verifica::ForaDeOrdem(&m_painel, caminho), QStringList());
-    EXPECT_EQ(verifica::BlocosNaOrdem(&m_painel, caminho),
+    EXPECT_EQ(verifica::OrdemTab(&m_painel, caminho),
               (QStringList{"ProdutoLinha", "QuantidadesLinha", "ImpostosGroupBox", "PrecoVendaGroupBox"}));
 }
 

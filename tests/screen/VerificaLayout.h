@@ -3,17 +3,8 @@
 // What a clerk checks by eye on a panel: nothing overlaps or is cut off, captions are whole, and
 // Tab walks the fields in the order they are seen.
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
-#include <QApplication>
-#include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStackedWidget>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QTest>
+#include <QtWidgets>
 
 #include <ostream>
 
@@ -109,32 +100,25 @@ inline QWidget *Bloco(QWidget *raiz, QWidget *w)
     return w;
 }
 
-// Within a block the fields must come line by line, left to right.
-inline QStringList ForaDeOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
+// The blocks in the order Tab enters them. Within a block the fields must come line by line, left
+// to right; each step back shows as "a -> b".
+inline QStringList OrdemTab(QWidget *raiz, const QList<QWidget *> &caminho)
 {
-    QStringList falhas;
-    for (int i = 1; i < caminho.size(); ++i) {
-        QWidget *a = caminho[i - 1];
+    QStringList ordem;
+    for (int i = 0; i < caminho.size(); ++i) {
+        QWidget *a = i ? caminho[i - 1] : nullptr;
         QWidget *b = caminho[i];
-        if (Bloco(raiz, a) != Bloco(raiz, b))
+        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) {
+            ordem << Bloco(raiz, b)->objectName();
             continue;
+        }
         const QRect ra(a->mapTo(raiz, QPoint()), a->size());
         const QRect rb(b->mapTo(raiz, QPoint()), b->size());
         const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
         if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())
-            falhas << Nome(a) + QStringLiteral(" -> ") + Nome(b);
+            ordem << Nome(a) + QStringLiteral(" -> ") + Nome(b);
     }
-    return falhas;
-}
-
-// The names of the blocks in the order Tab enters them.
-inline QStringList BlocosNaOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
-{
-    QStringList blocos;
-    for (QWidget *w : caminho)
-        if (const QString nome = Bloco(raiz, w)->objectName(); blocos.isEmpty() || blocos.last() != nome)
-            blocos.append(nome);
-    return blocos;
+    return ordem;
 }
 
 } // namespace verifica
