@@ -43,7 +43,7 @@ std::string text(const QString &value) { return value.toStdString(); }
 // Each row is named by the call it checks.
 #define ROW(call, expected) {#call, call, expected}
 
-TEST_F(Valores, SqlLiterals)
+TEST_F(Valores, SqlLiteralsAndDateTexts)
 {
     const struct { const char *call; QString got; const char *expected; } rows[] = {
         ROW(FloatToStrPonto(1234.5), "1234.5"), ROW(FloatToStrPonto(2.0), "2"), ROW(FloatToStrPonto(0.1 + 0.2), "0.3"),
