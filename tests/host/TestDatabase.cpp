@@ -2,8 +2,8 @@
 #include "TConexaoSQL.h"
 #include "TestDatabase.h"
 
-#include <QDir>
 #include <QFile>
+#include <QScopeGuard>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -11,64 +11,44 @@
 
 namespace {
 
-QSet<QString> nomes(TConexaoSQL &conexao, const QString &sql)
+// Every "table.column" and "generator.name" the database holds, in lower case.
+QSet<QString> Objetos(TConexaoSQL &conexao)
 {
-    QSet<QString> resultado;
-    const auto q = conexao.Ab(sql);
-    if (!q)
-        return resultado;
-    for (q->First(); !q->Eof(); q->Next())
-        resultado.insert(q->Fields(0).AsString().trimmed().toLower());
-    return resultado;
+    QSet<QString> nomes;
+    const auto q = conexao.Ab(QStringLiteral(
+        "select lower(trim(rdb$relation_name)) || '.' || lower(trim(rdb$field_name)) from rdb$relation_fields "
+        "union all select 'generator.' || lower(trim(rdb$generator_name)) from rdb$generators"));
+    for (; q && !q->Eof(); q->Next())
+        nomes.insert(q->Fields(0).AsString());
+    return nomes;
 }
 
-// A database made from nothing, through the engine's own creation call, with the demo store.
-class DatabaseFromNothing : public ::testing::Test
+// Made from nothing, through the engine's own creation call, with the demo store.
+TEST(DatabaseFromNothing, HoldsEveryDocumentedObjectAndGeneratorsPastTheDemoCodes)
 {
-protected:
-    void SetUp() override
-    {
-        ASSERT_TRUE(pasta.isValid());
-        banco.database = pasta.filePath(QStringLiteral("novo/pavrel.fdb"));
-        QString erro;
-        ASSERT_TRUE(Database::CreateWithSchema(banco, true, &erro)) << erro.toStdString();
-    }
-    void TearDown() override { TConexaoSQL::FecharOciosas(banco.database); }
-
     QTemporaryDir pasta;
-    TDadosBanco banco;
-};
-
-TEST_F(DatabaseFromNothing, HoldsEveryDocumentedTableColumnAndGenerator)
-{
+    ASSERT_TRUE(pasta.isValid());
+    const TDadosBanco banco{pasta.filePath(QStringLiteral("novo/pavrel.fdb"))};
+    QString erro;
+    ASSERT_TRUE(Database::CreateWithSchema(banco, true, &erro)) << erro.toStdString();
+    const auto fechar = qScopeGuard([&] { TConexaoSQL::FecharOciosas(banco.database); });
     QFile esperado(QStringLiteral(PAVREL_TESTS_DIR "/host/EsquemaEsperado.txt"));
     ASSERT_TRUE(esperado.open(QIODevice::ReadOnly | QIODevice::Text));
     TConexaoSQL conexao(banco);
-    const QSet<QString> generators = nomes(conexao, QStringLiteral("select rdb$generator_name from rdb$generators"));
+    const QSet<QString> objetos = Objetos(conexao);
     int conferidos = 0;
     for (const QString &linha : QString::fromUtf8(esperado.readAll()).split(QLatin1Char('\n'))) {
         if (linha.trimmed().isEmpty() || linha.startsWith(QLatin1Char('#')))
             continue;
         const QString tipo = linha.section(QLatin1Char(':'), 0, 0).trimmed().toLower();
-        const QStringList itens = linha.section(QLatin1Char(':'), 1).split(QLatin1Char(' '), Qt::SkipEmptyParts);
-        if (tipo == QLatin1String("generator")) {
-            for (const QString &g : itens)
-                EXPECT_TRUE(generators.contains(g.toLower())) << "generator " << g.toStdString();
-        } else {
-            const QSet<QString> colunas = nomes(conexao,
-                QStringLiteral("select rdb$field_name from rdb$relation_fields where rdb$relation_name=upper('%1')").arg(tipo));
-            EXPECT_FALSE(colunas.isEmpty()) << "table " << tipo.toStdString();
-            for (const QString &c : itens)
-                EXPECT_TRUE(colunas.contains(c.toLower())) << tipo.toStdString() << "." << c.toStdString();
+        for (const QString &item : linha.section(QLatin1Char(':'), 1).split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+            const QString nome = tipo + QLatin1Char('.') + item.toLower();
+            EXPECT_TRUE(objetos.contains(nome)) << nome.toStdString();
         }
         ++conferidos;
     }
     EXPECT_GT(conferidos, 20);
-}
 
-TEST_F(DatabaseFromNothing, DemoStoreLeavesGeneratorsPastItsCodes)
-{
-    TConexaoSQL conexao(banco);
     ASSERT_GT(conexao.ValorInt(QStringLiteral("select count(*) from compra")), 0);
     ASSERT_GT(conexao.ValorInt(QStringLiteral("select count(*) from empr")), 1);
     const int maior = conexao.ValorInt(QStringLiteral("select max(compra_cod) from compra"));
@@ -79,13 +59,12 @@ TEST(DatabaseCreation, RefusesWithAClearMessage)
 {
     QTemporaryDir pasta;
     QString erro;
-    TDadosBanco existente{pasta.filePath(QStringLiteral("ja.fdb"))};
-    QFile(existente.database).open(QIODevice::WriteOnly);
+    const TDadosBanco existente{pasta.filePath(QStringLiteral("ja.fdb"))};
+    ASSERT_TRUE(QFile(existente.database).open(QIODevice::WriteOnly));
     EXPECT_FALSE(Database::CreateEmpty(existente, &erro));
     EXPECT_TRUE(erro.contains(existente.database)) << erro.toStdString();
-
     // A folder that cannot exist: its parent is a file.
-    TDadosBanco impossivel{existente.database + QStringLiteral("/sub/x.fdb")};
+    const TDadosBanco impossivel{existente.database + QStringLiteral("/sub/x.fdb")};
     erro.clear();
     EXPECT_FALSE(Database::CreateWithSchema(impossivel, false, &erro));
     EXPECT_FALSE(erro.isEmpty());
@@ -100,11 +79,9 @@ TEST(DatabaseScript, SplitsOnlyOnRealStatementEnds)
         "insert into t values ('it''s; fine');\n"
         "\n  ;  \n"
         "insert into t values (1)");
-    const QStringList esperado = {QStringLiteral("create table t (a integer)"),
-                                  QStringLiteral("insert into t values ('x;y')"),
-                                  QStringLiteral("insert into t values ('it''s; fine')"),
-                                  QStringLiteral("insert into t values (1)")};
-    EXPECT_EQ(Database::SplitScript(script), esperado);
+    EXPECT_EQ(Database::SplitScript(script),
+              (QStringList{"create table t (a integer)", "insert into t values ('x;y')",
+                           "insert into t values ('it''s; fine')", "insert into t values (1)"}));
 }
 
 TEST(DatabasePaths, TellServersFromFiles)

@@ -3,18 +3,8 @@
 // What a clerk checks by eye on a panel: nothing overlaps or is cut off, captions are whole, and
 // Tab walks the fields in the order they are seen.
 
-#include <QAbstractButton>
-#include <QAbstractItemView>
-#include <QAbstractSpinBox>
-#include <QApplication>
-#include <QComboBox>
-#include <QDir>
-#include <QLabel>
-#include <QLineEdit>
-#include <QStackedWidget>
-#include <QTabBar>
-#include <QTabWidget>
 #include <QTest>
+#include <QtWidgets>
 
 #include <ostream>
 
@@ -64,18 +54,12 @@ inline void Percorrer(QWidget *pai, QStringList &falhas)
     }
 }
 
-// Overlapping siblings and children that stick out of their parent.
-inline QStringList Sobreposicoes(QWidget *raiz)
+// Overlapping siblings, children that stick out of their parent, captions narrower or lower than
+// their text and fields squeezed below their minimum.
+inline QStringList Defeitos(QWidget *raiz)
 {
     QStringList falhas;
     Percorrer(raiz, falhas);
-    return falhas;
-}
-
-// Captions narrower or lower than their text, and fields squeezed below their minimum.
-inline QStringList Espremidos(QWidget *raiz)
-{
-    QStringList falhas;
     for (QWidget *w : raiz->findChildren<QWidget *>()) {
         const QSize minimo = qobject_cast<QLabel *>(w) ? w->sizeHint() : w->minimumSizeHint();
         const bool interno = qobject_cast<QComboBox *>(w->parentWidget()) || qobject_cast<QAbstractSpinBox *>(w->parentWidget());
@@ -116,39 +100,25 @@ inline QWidget *Bloco(QWidget *raiz, QWidget *w)
     return w;
 }
 
-// Within a block the fields must come line by line, left to right.
-inline QStringList ForaDeOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
+// The blocks in the order Tab enters them. Within a block the fields must come line by line, left
+// to right; each step back shows as "a -> b".
+inline QStringList OrdemTab(QWidget *raiz, const QList<QWidget *> &caminho)
 {
-    QStringList falhas;
-    for (int i = 1; i < caminho.size(); ++i) {
-        QWidget *a = caminho[i - 1];
+    QStringList ordem;
+    for (int i = 0; i < caminho.size(); ++i) {
+        QWidget *a = i ? caminho[i - 1] : nullptr;
         QWidget *b = caminho[i];
-        if (Bloco(raiz, a) != Bloco(raiz, b))
+        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) {
+            ordem << Bloco(raiz, b)->objectName();
             continue;
+        }
         const QRect ra(a->mapTo(raiz, QPoint()), a->size());
         const QRect rb(b->mapTo(raiz, QPoint()), b->size());
         const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
         if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())
-            falhas << Nome(a) + QStringLiteral(" -> ") + Nome(b);
+            ordem << Nome(a) + QStringLiteral(" -> ") + Nome(b);
     }
-    return falhas;
-}
-
-// The names of the blocks in the order Tab enters them.
-inline QStringList BlocosNaOrdem(QWidget *raiz, const QList<QWidget *> &caminho)
-{
-    QStringList blocos;
-    for (QWidget *w : caminho)
-        if (const QString nome = Bloco(raiz, w)->objectName(); blocos.isEmpty() || blocos.last() != nome)
-            blocos.append(nome);
-    return blocos;
-}
-
-// Saved only when PAVREL_CAPTURAS names a folder, so that a plain test run writes nothing.
-inline void Capturar(QWidget *w, const QString &arquivo)
-{
-    if (const QString pasta = qEnvironmentVariable("PAVREL_CAPTURAS"); !pasta.isEmpty() && QDir().mkpath(pasta))
-        w->grab().save(QDir(pasta).filePath(arquivo));
+    return ordem;
 }
 
 } // namespace verifica
