@@ -135,23 +135,6 @@ TEST_F(RepF, ShowLoadsTheListAndStartsBrowsing)
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
 }
 
-TEST_F(RepF, ActionsCarryTheirCaptionsHintsAndShortcut)
-{
-    TRepF tela;
-    ASSERT_NE(tela.Acao(QStringLiteral("NotaInsAct")), nullptr);
-    EXPECT_EQ(tela.Acao(QStringLiteral("NotaInsAct"))->text(), QStringLiteral("Inserir"));
-    EXPECT_EQ(tela.Acao(QStringLiteral("NotaInsAct"))->toolTip(), QStringLiteral("Inserir Nota"));
-    EXPECT_EQ(tela.Acao(QStringLiteral("NotaInsAct"))->shortcut(), QKeySequence(Qt::Key_F3));
-    EXPECT_EQ(tela.Acao(QStringLiteral("NfeCorrAct"))->text(), QStringLiteral("Carta de Correção"));
-    EXPECT_EQ(tela.Acao(QStringLiteral("NfeCorrAct"))->property("Category").toString(), QStringLiteral("NFE"));
-    EXPECT_EQ(tela.Acao(QStringLiteral("RomaneioImprAct"))->toolTip(), QStringLiteral("Imprime Lista de Prdutos"));
-    EXPECT_FALSE(tela.Acao(QStringLiteral("InsDevAct"))->isVisible());
-    EXPECT_EQ(tela.Acao(QStringLiteral("AltInfoAct"))->toolTip(),
-              QStringLiteral("Editar as informações adicionais\r\ndo fisco e do contribuinte\r\nda nota selecionada"));
-    EXPECT_TRUE(tela.Acao(QStringLiteral("ConsultarAction"))->isEnabled());
-    EXPECT_TRUE(tela.Acao(QStringLiteral("BaixarAct"))->isVisible());
-}
-
 TEST_F(RepF, F6DoesNothingOnAPostedNoteWhileBrowsing)
 {
     nota(1, "\"", true);

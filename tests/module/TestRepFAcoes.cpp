@@ -83,12 +83,5 @@ TEST_F(RepFAcoes, CancellingAsksOnceAndOnlyOnce)
     EXPECT_TRUE(dialogos.Perguntas().isEmpty());
 }
 
-TEST_F(RepFAcoes, UnpostingANoteNotPostedIsRefusedBeforeAnyQuestion)
-{
-    acionar("DesbaixarAct");
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
-              QStringLiteral("A nota não foi baixada. Não precisa ser desbaixada"));
-    EXPECT_TRUE(dialogos.Perguntas().isEmpty());
-}
 
 } // namespace

@@ -131,23 +131,6 @@ TEST_F(ItemEntrada, TheBoughtQuantityIsCutAtFourDecimalsNotRounded)
     EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_unit")).AsMoney().toString(), QStringLiteral("8.073"));
 }
 
-TEST_F(ItemEntrada, AnEightDigitTextIsNeverTakenForAProductCode)
-{
-    ASSERT_EQ(db.execScript(QStringLiteral(
-                  "INSERT INTO prod (prod_cod, descr, unid_cod, emb_qtd, trib_cod, ipi, ncm, gtin, prod_fabr_cod) "
-                  "VALUES (12345678, 'CODIGO LONGO', 1, 1, 1, 0, '11010010', NULL, 1);\n"
-                  "INSERT INTO prod (prod_cod, descr, unid_cod, emb_qtd, trib_cod, ipi, ncm, gtin, prod_fabr_cod) "
-                  "VALUES (5, 'GTIN CURTO', 1, 1, 1, 0, '11010010', '12345678', 1);\n"
-                  "INSERT INTO prod_compl (prod_cod, empr_cod, margem, ativo) VALUES (12345678, 1, 0, 'S');\n"
-                  "INSERT INTO prod_compl (prod_cod, empr_cod, margem, ativo) VALUES (5, 1, 0, 'S');\n")),
-              QString());
-    abrir();
-    novaNota();
-    buscar(QStringLiteral("12345678"));
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 5.0);
-    EXPECT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("GTIN CURTO"));
-}
-
 TEST_F(ItemEntrada, TheProductListDropsDownWhileADescriptionIsTyped)
 {
     abrir();

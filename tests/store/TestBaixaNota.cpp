@@ -229,33 +229,6 @@ TEST_F(BaixaNota, InsumosPelaEmpresaDoHostComQuantidadeAbsoluta)
               QLatin1String("2:3:1:10.0000 2:3:1:3.0000"));
 }
 
-TEST_F(BaixaNota, DeclaracoesEnviadas)
-{
-    NotaTeste n;
-    n.estacao = 3;
-    n.compra = 7;
-    n.itens = {Item(1, 1, "1", "10")};
-    n.itens[0].infoAdic = QStringLiteral("lote d'água");
-    Preparar(n);
-    RegistroSql registro;
-    ASSERT_TRUE(Baixar());
-    const QStringList sql = RegistroSql::Sql();
-    ASSERT_GE(sql.size(), 6);
-    EXPECT_EQ(sql.at(0), QStringLiteral("select count(*) from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=7 and "
-                                        "compra_item_tmp.estacao_cod=3\r\n"));
-    EXPECT_EQ(sql.at(1), QStringLiteral("select valor from config where chave='REP_PRODUC_CUSTO_CRIA'"));
-    EXPECT_EQ(sql.at(2), QStringLiteral("select * from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=7 and "
-                                        "compra_item_tmp.estacao_cod=10\r\n order by compra_item_tmp_cod"));
-    EXPECT_EQ(sql.at(3), QStringLiteral("select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=1 "
-                                        "and estacao_cod=3 and compra_item_tmp_cod=1 order by tab_preco_cod"));
-    EXPECT_EQ(RegistroSql::ComInicio(QStringLiteral("update est_mov set info_adic")),
-              QStringList{QStringLiteral("update est_mov set info_adic='lote d''água' where empr_cod=1 and "
-                                         "estacao_cod=10 and est_mov_cod=1")});
-    EXPECT_EQ(RegistroSql::ComInicio(QStringLiteral("insert into EST_MOV_COMPO")), QStringList());
-    EXPECT_EQ(sql.last(), QStringLiteral("update compra set baixado='S' where empr_cod=1 and compra_cod=7 and estacao_cod=3"));
-    EXPECT_EQ(Valor(QStringLiteral("select cfop || '/' || info_adic from est_mov")), QStringLiteral("1102/lote d'água"));
-}
-
 TEST_F(BaixaNota, ProgressoACadaDezItensSemNovasConexoes)
 {
     NotaTeste n;

@@ -1,3 +1,4 @@
+#include "RegistroSql.h"
 #include "Contexto.h"
 #include "DialogosTeste.h"
 #include "Money.h"
@@ -13,7 +14,6 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractItemModelTester>
-#include <QLoggingCategory>
 
 #include <optional>
 
@@ -21,40 +21,6 @@ namespace {
 
 const QString Base = QStringLiteral("select compra.*,fornec.nome_red as fornec_nome_red from compra "
                                     "left join fornec on fornec.fornec_cod=compra.fornec_cod");
-
-// The statements sent to the database, and what the model tester complains about.
-class Registro final
-{
-public:
-    Registro()
-    {
-        s_sql.clear();
-        s_modelo.clear();
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-        m_anterior = qInstallMessageHandler(&Handler);
-    }
-    ~Registro()
-    {
-        qInstallMessageHandler(m_anterior);
-        QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    }
-    static QStringList Sql() { return s_sql; }
-    static void LimparSql() { s_sql.clear(); }
-    static QStringList Modelo() { return s_modelo; }
-
-private:
-    static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-    {
-        const QByteArray categoria(ctx.category ? ctx.category : "");
-        if (categoria == "pavrel.sql" && tipo == QtDebugMsg)
-            s_sql << msg;
-        else if (categoria == "qt.modeltest" && tipo != QtDebugMsg)
-            s_modelo << msg;
-    }
-    static inline QStringList s_sql;
-    static inline QStringList s_modelo;
-    QtMessageHandler m_anterior;
-};
 
 struct Nota
 {
@@ -89,10 +55,6 @@ protected:
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
         ASSERT_EQ(repD.Notas().RecordCount(), 0);
     }
-    void TearDown() override
-    {
-        EXPECT_TRUE(Registro::Modelo().isEmpty()) << Registro::Modelo().join('\n').toStdString();
-    }
 
     void Inserir(const Nota &n)
     {
@@ -116,7 +78,7 @@ protected:
 
     bool Carregar(const TFiltroNotas &filtro)
     {
-        Registro::LimparSql();
+        RegistroSql::Limpar();
         return repD.CarregarNotas(filtro);
     }
 
@@ -133,10 +95,10 @@ protected:
     }
 
     TestDatabase db{TestDatabase::Conteudo::FixtureBase};
-    Registro registro;
+    RegistroSql registro;
     DialogosTeste dialogos;
     TRepD repD{db.conexao()};
-    QAbstractItemModelTester tester{&repD.ClientManager1(), QAbstractItemModelTester::FailureReportingMode::Warning};
+    QAbstractItemModelTester tester{&repD.ClientManager1(), QAbstractItemModelTester::FailureReportingMode::Fatal};
 };
 
 struct CasoFiltro
@@ -186,8 +148,8 @@ TEST_F(CarregarNotas, EachFilterBuildsTheStatementThatIsSentAndRuns)
         EXPECT_EQ(sql, Base + caso.condicao);
         EXPECT_TRUE(Carregar(caso.filtro));
         EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << dialogos.Mensagens().value(0).texto.toStdString();
-        ASSERT_FALSE(Registro::Sql().isEmpty());
-        EXPECT_EQ(Registro::Sql().first(), sql);
+        ASSERT_FALSE(RegistroSql::Sql().isEmpty());
+        EXPECT_EQ(RegistroSql::Sql().first(), sql);
     }
 }
 
@@ -237,8 +199,8 @@ TEST_F(CarregarNotas, RowsCarryTheNoteAndItsDerivedColumns)
     EXPECT_EQ(repD.Notas().FieldByName("TIPO_cod").AsInteger(), int('Z'));
     EXPECT_EQ(Texto("TIPO_DOC_STR"), "[90]");
 
-    EXPECT_EQ(Registro::Sql().size(), 2) << "the company names are read once for the whole list:\n"
-                                         << Registro::Sql().join('\n').toStdString();
+    EXPECT_EQ(RegistroSql::Sql().size(), 2) << "the company names are read once for the whole list:\n"
+                                         << RegistroSql::Sql().join('\n').toStdString();
 }
 
 TEST_F(CarregarNotas, EveryTypeSurvivesTheRoundTripThroughTheDatabase)
@@ -253,7 +215,7 @@ TEST_F(CarregarNotas, EveryTypeSurvivesTheRoundTripThroughTheDatabase)
         EXPECT_EQ(repD.Notas().FieldByName("TIPO_cod").AsInteger(), t.codigo);
         EXPECT_EQ(Texto("TIPO_DOC_STR"), QString::fromUtf8(t.texto));
     }
-    EXPECT_EQ(Registro::Sql().size(), 1) << "no destination: no company look-up";
+    EXPECT_EQ(RegistroSql::Sql().size(), 1) << "no destination: no company look-up";
 }
 
 TEST_F(CarregarNotas, OriginAndCancelledFiltersChooseTheRows)

@@ -59,6 +59,8 @@ TEST(TipoDoc, OutsideTheTable)
         EXPECT_EQ(PorCodigo(codigo), nullptr) << codigo;
     }
     EXPECT_EQ(RepTipoDocToStr(40), "[40]");
+    for (char c : {'x', '0', ' '})
+        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(c)), 8) << c;
 }
 
 TEST(TipoDoc, AnEmptyStoredTypeIsAPurchaseEntry)
@@ -68,20 +70,6 @@ TEST(TipoDoc, AnEmptyStoredTypeIsAPurchaseEntry)
         EXPECT_EQ(CodigoDoChar(lido), Entrada) << "[" << lido.toStdString() << "]";
     EXPECT_EQ(CodigoDoChar(QStringLiteral("%   ")), Producao);
     EXPECT_EQ(CodigoDoChar(QStringLiteral("'   ")), NotaComplementar);
-}
-
-TEST(TipoDoc, TheSqlLiteralIsTheQuotedCharacter)
-{
-    EXPECT_EQ(SqlDoCodigo(Entrada), "'\"'");
-    EXPECT_EQ(SqlDoCodigo(Devolucao), "'#'");
-    EXPECT_EQ(SqlDoCodigo(NotaComplementar), "''''") << "the apostrophe is doubled";
-}
-
-TEST(TipoDoc, OnlyTheHashIsAReturnForTheHost)
-{
-    EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char('#')), 7);
-    for (char c : {'"', '$', '\'', ')', 'x', '0', ' '})
-        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(c)), 8) << c;
 }
 
 // For each rule, the codes it applies to.
