@@ -159,7 +159,15 @@ QWidget *TEdNotaPanel::CriarAbaNota()
 {
     auto *aba = new QWidget;
     aba->setObjectName(QStringLiteral("NotaAba"));
+    auto *linha = new QHBoxLayout(aba);
+    linha->setContentsMargins(4, 4, 4, 4);
+    linha->addWidget(CriarNota(aba), 3);
+    linha->addWidget(CriarTotais(aba), 2);
+    return aba;
+}
 
+QWidget *TEdNotaPanel::CriarNota(QWidget *aba)
+{
     auto *nota = new QGroupBox(tr("Nota"), aba);
     nota->setObjectName(QStringLiteral("NotaGroupBox"));
     m_emprComboBox = NovoCombo(nota, "EmprComboBox", 16, false);
@@ -190,7 +198,11 @@ QWidget *TEdNotaPanel::CriarAbaNota()
     gNota.ParComposto(3, 0, tr("CFOP"), m_compraCFOPNumEditBR,
                       {{tr("N&atureza da Operação"), m_compraNatOpLabeledEdit}}, 3);
     gNota.Fechar();
+    return nota;
+}
 
+QWidget *TEdNotaPanel::CriarTotais(QWidget *aba)
+{
     auto *totais = new QGroupBox(tr("Totais (R$)"), aba);
     totais->setObjectName(QStringLiteral("TotaisGroupBox"));
     m_totProdNumEditBR = NovoNum(totais, "TotProdNumEditBR", 2, 8);
@@ -220,19 +232,23 @@ QWidget *TEdNotaPanel::CriarAbaNota()
     gTotais.Par(4, 0, tr("Desconto"), m_descontoTotNumEditBR);
     gTotais.Par(4, 1, tr("Total"), m_totNumEditBR);
     gTotais.Fechar();
-
-    auto *linha = new QHBoxLayout(aba);
-    linha->setContentsMargins(4, 4, 4, 4);
-    linha->addWidget(nota, 3);
-    linha->addWidget(totais, 2);
-    return aba;
+    return totais;
 }
 
 QWidget *TEdNotaPanel::CriarAbaTransporte()
 {
     auto *aba = new QWidget;
     aba->setObjectName(QStringLiteral("TransporteAba"));
+    auto *linhaAbas = new QHBoxLayout(aba);
+    linhaAbas->setContentsMargins(4, 4, 4, 4);
+    linhaAbas->addWidget(CriarFrete(aba), 4);
+    linhaAbas->addWidget(CriarVeiculos(aba), 4);
+    linhaAbas->addWidget(CriarVolumes(aba), 4);
+    return aba;
+}
 
+QWidget *TEdNotaPanel::CriarFrete(QWidget *aba)
+{
     auto *frete = new QGroupBox(tr("Frete"), aba);
     frete->setObjectName(QStringLiteral("FreteGroupBox"));
     m_freteModalidadeComboBox = NovoCombo(frete, "FreteModalidadeComboBox", 22, false);
@@ -253,7 +269,11 @@ QWidget *TEdNotaPanel::CriarAbaTransporte()
     gFrete.Par(3, 0, tr("ICMS Ret. R$"), m_freteICMSRetValNumEditBR);
     gFrete.Par(3, 1, tr("CFOP"), m_freteCFOPNumEditBR);
     gFrete.Fechar();
+    return frete;
+}
 
+QWidget *TEdNotaPanel::CriarVeiculos(QWidget *aba)
+{
     auto *veiculos = new QGroupBox(tr("Veículo e reboques"), aba);
     veiculos->setObjectName(QStringLiteral("VeiculosGroupBox"));
     auto *gVeiculos = new QGridLayout(veiculos);
@@ -302,7 +322,11 @@ QWidget *TEdNotaPanel::CriarAbaTransporte()
     }
     gVeiculos->setColumnStretch(7, 1);
     gVeiculos->setRowStretch(linha, 1);
+    return veiculos;
+}
 
+QWidget *TEdNotaPanel::CriarVolumes(QWidget *aba)
+{
     auto *volumes = new QGroupBox(tr("Volumes e peso"), aba);
     volumes->setObjectName(QStringLiteral("VolumesGroupBox"));
     m_freteVolsQtdNumEditBR = NovoNum(volumes, "FreteVolsQtdNumEditBR", 3, 6);
@@ -321,13 +345,7 @@ QWidget *TEdNotaPanel::CriarAbaTransporte()
     gVolumes.Par(2, 1, tr("Numeração"), m_freteVolsNumLabeledEdit);
     gVolumes.Layout()->setColumnStretch(3, 1);
     gVolumes.Layout()->setRowStretch(3, 1);
-
-    auto *linhaAbas = new QHBoxLayout(aba);
-    linhaAbas->setContentsMargins(4, 4, 4, 4);
-    linhaAbas->addWidget(frete, 4);
-    linhaAbas->addWidget(veiculos, 4);
-    linhaAbas->addWidget(volumes, 4);
-    return aba;
+    return volumes;
 }
 
 QWidget *TEdNotaPanel::CriarAbaReferencias()

@@ -89,7 +89,12 @@ public:
 
 private:
     QWidget *CriarAbaNota();
+    QWidget *CriarNota(QWidget *aba);
+    QWidget *CriarTotais(QWidget *aba);
     QWidget *CriarAbaTransporte();
+    QWidget *CriarFrete(QWidget *aba);
+    QWidget *CriarVeiculos(QWidget *aba);
+    QWidget *CriarVolumes(QWidget *aba);
     QWidget *CriarAbaReferencias();
     void EncadearTab();
 

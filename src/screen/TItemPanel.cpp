@@ -118,6 +118,50 @@ private:
     bool m_algumaCresce = false;
 };
 
+// One line per tax, its name first, each caption right beside its field. The lines share the
+// first column only: lining up every column would cost more width than the panel has.
+class LinhasImpostos
+{
+public:
+    LinhasImpostos(QWidget *grupo, QList<QWidget *> &campos) : m_grupo(grupo), m_campos(campos)
+    {
+        m_linhas = new QVBoxLayout(grupo);
+        m_linhas->setContentsMargins(6, 2, 8, 4);
+        m_linhas->setSpacing(3);
+    }
+    ~LinhasImpostos()
+    {
+        for (QLabel *titulo : std::as_const(m_titulos))
+            titulo->setFixedWidth(m_larguraTitulo);
+    }
+
+    void Adicionar(const QString &imposto, const QList<std::pair<QString, TNumEditBR *>> &pares)
+    {
+        auto *linha = new QHBoxLayout;
+        linha->setSpacing(4);
+        auto *titulo = new QLabel(imposto, m_grupo);
+        Negrito(titulo);
+        m_titulos.append(titulo);
+        m_larguraTitulo = std::max(m_larguraTitulo, titulo->sizeHint().width());
+        linha->addWidget(titulo);
+        for (const auto &[rotulo, campo] : pares) {
+            linha->addSpacing(6);
+            linha->addWidget(NovoRotulo(m_grupo, rotulo, campo, Qt::AlignRight));
+            linha->addWidget(campo);
+            m_campos.append(campo);
+        }
+        linha->addStretch();
+        m_linhas->addLayout(linha);
+    }
+
+private:
+    QWidget *m_grupo;
+    QList<QWidget *> &m_campos;
+    QVBoxLayout *m_linhas;
+    QList<QLabel *> m_titulos;
+    int m_larguraTitulo = 0;
+};
+
 } // namespace
 
 TItemPanel::TItemPanel(QWidget *parent) : QGroupBox(parent)
@@ -264,59 +308,34 @@ QWidget *TItemPanel::CriarImpostos()
     m_tribIcmsvICMSSubstituto = Imposto(impostos, "TribIcmsvICMSSubstituto_NumEditBR");
     m_tribIcmsvICMSSTRet = Imposto(impostos, "TribIcmsvICMSSTRet_NumEditBR");
 
-    // One line per tax, its name first, each caption right beside its field. The lines share
-    // the first column only: lining up every column would cost more width than the panel has.
-    auto *linhas = new QVBoxLayout(impostos);
-    linhas->setContentsMargins(6, 2, 8, 4);
-    linhas->setSpacing(3);
-    int larguraTitulo = 0;
-    QList<QLabel *> titulos;
-    auto adicionar = [&](const QString &imposto, const QList<std::pair<QString, TNumEditBR *>> &pares) {
-        auto *linha = new QHBoxLayout;
-        linha->setSpacing(4);
-        auto *titulo = new QLabel(imposto, impostos);
-        Negrito(titulo);
-        titulos.append(titulo);
-        larguraTitulo = std::max(larguraTitulo, titulo->sizeHint().width());
-        linha->addWidget(titulo);
-        for (const auto &[rotulo, campo] : pares) {
-            linha->addSpacing(6);
-            linha->addWidget(NovoRotulo(impostos, rotulo, campo, Qt::AlignRight));
-            linha->addWidget(campo);
-            m_campos.append(campo);
-        }
-        linha->addStretch();
-        linhas->addLayout(linha);
-    };
-    adicionar(tr("ICMS"), {{tr("Mod. BC"), m_modBCNumEditBR},
-                           {tr("BC R$"), m_vBCNumEditBR},
-                           {tr("Alíq. %"), m_pICMSNumEditBR},
-                           {tr("ICMS R$"), m_vICMSNumEditBR},
-                           {tr("Red. BC %"), m_pRedBCNumEditBR}});
-    adicionar(tr("ICMS ST"), {{tr("Mod. BC"), m_modBCSTNumEditBR},
-                              {tr("MVA %"), m_pMVASTNumEditBR},
-                              {tr("Red. BC %"), m_pRedBCSTNumEditBR},
-                              {tr("BC ST R$"), m_vBCSTNumEditBR},
-                              {tr("Alíq. %"), m_pICMSSTNumEditBR},
-                              {tr("ICMS ST R$"), m_vICMSSTNumEditBR}});
-    adicionar(tr("FCP"), {{tr("BC R$"), m_vBCFCPNumEditBR},
-                          {tr("FCP %"), m_pFCPNumEditBR},
-                          {tr("FCP R$"), m_vFCPNumEditBR},
-                          {tr("BC ST R$"), m_vBCFCPSTNumEditBR},
-                          {tr("FCP ST %"), m_pFCPSTNumEditBR},
-                          {tr("FCP ST R$"), m_vFCPSTNumEditBR}});
-    adicionar(tr("PIS/COFINS"), {{tr("CST PIS"), m_cstPisNumEditBR},
-                                 {tr("PIS %"), m_pPisNumEditBR},
-                                 {tr("PIS R$"), m_vPisNumEditBR},
-                                 {tr("CST COFINS"), m_cstCofinsNumEditBR},
-                                 {tr("COFINS %"), m_pCofinsNumEditBR},
-                                 {tr("COFINS R$"), m_vCofinsNumEditBR}});
-    adicionar(tr("ST Retido"), {{tr("BC R$"), m_tribIcmsvBCSTRet},
-                                {tr("Alíq. %"), m_tribIcmspST},
-                                {tr("Substituto R$"), m_tribIcmsvICMSSubstituto},
-                                {tr("Retido R$"), m_tribIcmsvICMSSTRet}});
-    for (QLabel *titulo : titulos)
-        titulo->setFixedWidth(larguraTitulo);
+    LinhasImpostos linhas(impostos, m_campos);
+    linhas.Adicionar(tr("ICMS"), {{tr("Mod. BC"), m_modBCNumEditBR},
+                                  {tr("BC R$"), m_vBCNumEditBR},
+                                  {tr("Alíq. %"), m_pICMSNumEditBR},
+                                  {tr("ICMS R$"), m_vICMSNumEditBR},
+                                  {tr("Red. BC %"), m_pRedBCNumEditBR}});
+    linhas.Adicionar(tr("ICMS ST"), {{tr("Mod. BC"), m_modBCSTNumEditBR},
+                                     {tr("MVA %"), m_pMVASTNumEditBR},
+                                     {tr("Red. BC %"), m_pRedBCSTNumEditBR},
+                                     {tr("BC ST R$"), m_vBCSTNumEditBR},
+                                     {tr("Alíq. %"), m_pICMSSTNumEditBR},
+                                     {tr("ICMS ST R$"), m_vICMSSTNumEditBR}});
+    linhas.Adicionar(tr("FCP"), {{tr("BC R$"), m_vBCFCPNumEditBR},
+                                 {tr("FCP %"), m_pFCPNumEditBR},
+                                 {tr("FCP R$"), m_vFCPNumEditBR},
+                                 {tr("BC ST R$"), m_vBCFCPSTNumEditBR},
+                                 {tr("FCP ST %"), m_pFCPSTNumEditBR},
+                                 {tr("FCP ST R$"), m_vFCPSTNumEditBR}});
+    linhas.Adicionar(tr("PIS/COFINS"), {{tr("CST PIS"), m_cstPisNumEditBR},
+                                        {tr("PIS %"), m_pPisNumEditBR},
+                                        {tr("PIS R$"), m_vPisNumEditBR},
+                                        {tr("CST COFINS"), m_cstCofinsNumEditBR},
+                                        {tr("COFINS %"), m_pCofinsNumEditBR},
+                                        {tr("COFINS R$"), m_vCofinsNumEditBR}});
+    linhas.Adicionar(tr("ST Retido"), {{tr("BC R$"), m_tribIcmsvBCSTRet},
+                                       {tr("Alíq. %"), m_tribIcmspST},
+                                       {tr("Substituto R$"), m_tribIcmsvICMSSubstituto},
+                                       {tr("Retido R$"), m_tribIcmsvICMSSTRet}});
     return impostos;
 }
 

@@ -1,6 +1,7 @@
 #include "TRepF_CalculePreco.h"
 
 #include "TConexaoSQL.h"
+#include "TConsultasDBI.h"
 #include "TTabPrecoList.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
@@ -89,8 +90,8 @@ TRepF_CalculePreco::TModos TRepF_CalculePreco::LerModosEntrada(TConexaoSQL &cone
     if (!conexao.Conectar())
         return modos;
     const auto desconectar = qScopeGuard([&conexao] { conexao.Desconectar(); });
-    modos.icms = ModoDoValor(conexao.ValorStr(QStringLiteral("select valor from config where chave='EST_CUS_ICMS_MODO'")));
-    modos.ipi = ModoDoValor(conexao.ValorStr(QStringLiteral("select valor from config where chave='EST_CUS_IPI_MODO'")));
+    modos.icms = ModoDoValor(TConsultasDBI::ValorConfig(conexao, QStringLiteral("EST_CUS_ICMS_MODO")));
+    modos.ipi = ModoDoValor(TConsultasDBI::ValorConfig(conexao, QStringLiteral("EST_CUS_IPI_MODO")));
     return modos;
 }
 

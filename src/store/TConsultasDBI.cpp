@@ -2,6 +2,7 @@
 
 #include "TConexD.h"
 #include "TConexaoSQL.h"
+#include "Valores.h"
 
 namespace TConsultasDBI {
 
@@ -53,6 +54,11 @@ QList<TCodigoTexto> TitulosDeGrade(TConexaoSQL &conexao)
 bool HaTabelasDePreco()
 {
     return Inteiro(QStringLiteral("select count(*) from tab_preco")) > 0;
+}
+
+QString ValorConfig(TConexaoSQL &conexao, const QString &chave)
+{
+    return conexao.ValorStr(QLatin1String("select valor from config where chave=") + QuotedStr(chave));
 }
 
 QString UFEmpresa(TConexaoSQL &conexao, int emprCod)

@@ -24,6 +24,8 @@ QList<TCodigoTexto> Unidades(TConexaoSQL &conexao);       // symbols, by descrip
 // The grade titles, by code; empty when no product has a grade.
 QList<TCodigoTexto> TitulosDeGrade(TConexaoSQL &conexao);
 bool HaTabelasDePreco();
+// A key of the config table as stored; empty when absent.
+QString ValorConfig(TConexaoSQL &conexao, const QString &chave);
 // The state of a company, trimmed.
 QString UFEmpresa(TConexaoSQL &conexao, int emprCod);
 // Price rows left without a product by an abandoned item, through the host's connection.
