@@ -124,6 +124,35 @@ int fotografar(QWidget &janela, QObject *tela, const QString &arquivo)
     return resultado;
 }
 
+// The options and the help text, the headless commands among them.
+void prepararOpcoes(QCommandLineParser &parser)
+{
+    parser.setApplicationDescription(QStringLiteral(
+        "Notas manuais: entrada, conferência, baixa e cancelamento de notas fiscais.\n"
+        "Sem --database, usa o arquivo padrão (criado com dados de demonstração no primeiro uso),\n"
+        "ou a variável PAVREL_DATABASE. Um servidor Firebird é indicado como servidor:/caminho/arquivo.fdb.\n\n"
+        "Comandos sem tela:\n"
+        "  notes [--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim]\n"
+        "        [--ndoc N] [--origin todas|manual|xml]   lista as notas como a tela mostra\n"
+        "  post NOTA [--yes]     baixa a nota no estoque (NOTA: EEE-CCCCCCC, ou E-S-C)\n"
+        "  cancel NOTA [--yes]   cancela a nota (--yes confirma a pergunta)\n"
+        "  unpost NOTA [--yes]   desbaixa a nota, retirando seus movimentos do estoque\n"
+        "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino"));
+    parser.addHelpOption();
+    parser.addVersionOption();
+    parser.addOptions({
+        {QStringLiteral("database"), QStringLiteral("Banco de dados: arquivo ou servidor:caminho."), QStringLiteral("PATH")},
+        {QStringLiteral("company"), QStringLiteral("Código da empresa (padrão 1)."), QStringLiteral("N")},
+        {QStringLiteral("station"), QStringLiteral("Código da estação de trabalho (padrão 1)."), QStringLiteral("N")},
+        {QStringLiteral("debug"), QStringLiteral("Nível de depuração (modo_debug)."), QStringLiteral("N")},
+        {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
+        {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
+        {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
+    });
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("Comando sem tela, com suas opções."), QStringLiteral("[command ...]"));
+    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+}
+
 } // namespace
 
 int main(int argc, char **argv)
@@ -151,30 +180,7 @@ int main(int argc, char **argv)
     QCoreApplication::setApplicationVersion(QString::fromUtf8(versao()));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Notas manuais: entrada, conferência, baixa e cancelamento de notas fiscais.\n"
-        "Sem --database, usa o arquivo padrão (criado com dados de demonstração no primeiro uso),\n"
-        "ou a variável PAVREL_DATABASE. Um servidor Firebird é indicado como servidor:/caminho/arquivo.fdb.\n\n"
-        "Comandos sem tela:\n"
-        "  notes [--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim]\n"
-        "        [--ndoc N] [--origin todas|manual|xml]   lista as notas como a tela mostra\n"
-        "  post NOTA [--yes]     baixa a nota no estoque (NOTA: EEE-CCCCCCC, ou E-S-C)\n"
-        "  cancel NOTA [--yes]   cancela a nota (--yes confirma a pergunta)\n"
-        "  unpost NOTA [--yes]   desbaixa a nota, retirando seus movimentos do estoque\n"
-        "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino"));
-    parser.addHelpOption();
-    parser.addVersionOption();
-    parser.addOptions({
-        {QStringLiteral("database"), QStringLiteral("Banco de dados: arquivo ou servidor:caminho."), QStringLiteral("PATH")},
-        {QStringLiteral("company"), QStringLiteral("Código da empresa (padrão 1)."), QStringLiteral("N")},
-        {QStringLiteral("station"), QStringLiteral("Código da estação de trabalho (padrão 1)."), QStringLiteral("N")},
-        {QStringLiteral("debug"), QStringLiteral("Nível de depuração (modo_debug)."), QStringLiteral("N")},
-        {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
-        {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
-        {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
-    });
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("Comando sem tela, com suas opções."), QStringLiteral("[command ...]"));
-    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
+    prepararOpcoes(parser);
     parser.process(*app);
 
     QString mensagem;

@@ -4,18 +4,15 @@
 // The cost of as many trivial autocommitted inserts is printed too, as the engine's floor.
 // Each round starts from a copy of the same database; the best round of each is compared, since
 // the disk is shared with whatever else the machine is doing.
-#include "Contexto.h"
-#include "Database.h"
+#include "BancoTeste.h"
+#include "Medicao.h"
 #include "TBaixaNota.h"
-#include "TClientDataSet.h"
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TRepD.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QFile>
-#include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -26,17 +23,6 @@ namespace {
 
 int g_itens = 1000;
 int g_rodadas = 3;
-
-QStringList g_comandos;
-QtMessageHandler g_anterior = nullptr;
-
-void Registrar(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
-{
-    if (tipo == QtDebugMsg && QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql")
-        g_comandos << msg;
-    else if (g_anterior)
-        g_anterior(tipo, ctx, msg);
-}
 
 // Products 1..n, each made of products n+1 and n+2; one purchase note of n items, every item
 // with a price in each of the three tables, staged under station 10 as the note itself.
@@ -80,43 +66,18 @@ QString SqlDados()
         .arg(g_itens);
 }
 
-bool Preparar(const TDadosBanco &banco, QString *erro)
+QStringList Dados()
 {
-    if (!Database::CreateWithSchema(banco, false, erro))
-        return false;
-    {
-        TConexaoSQL conexao(banco);
-        const QStringList sqls = {
-            QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ')"),
-            QStringLiteral("insert into fornec (fornec_cod, nome_red) values (1, 'FORNECEDOR')"),
-            QStringLiteral("insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE')"),
-            QStringLiteral("insert into trib (trib_cod, descr, perc) values (1, 'TRIBUTADO', 12)"),
-            QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (1, 'VAREJO')"),
-            QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (2, 'ATACADO')"),
-            QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (3, 'PROMOCAO')"),
-            SqlDados(),
-        };
-        for (const QString &sql : sqls) {
-            if (!conexao.Exec(sql)) {
-                *erro = conexao.UltimoErro();
-                return false;
-            }
-        }
-    }
-    TConexaoSQL::FecharOciosas(banco.database);
-    return true;
-}
-
-// A fresh copy of the prepared database, which the context then points at.
-bool Copiar(const QString &modelo, const TDadosBanco &copia)
-{
-    TConexaoSQL::FecharOciosas();
-    QFile::remove(copia.database);
-    if (!QFile::copy(modelo, copia.database))
-        return false;
-    QFile::setPermissions(copia.database, QFile::ReadOwner | QFile::WriteOwner);
-    Contexto::Atual().banco = copia;
-    return true;
+    return {
+        QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ')"),
+        QStringLiteral("insert into fornec (fornec_cod, nome_red) values (1, 'FORNECEDOR')"),
+        QStringLiteral("insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE')"),
+        QStringLiteral("insert into trib (trib_cod, descr, perc) values (1, 'TRIBUTADO', 12)"),
+        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (1, 'VAREJO')"),
+        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (2, 'ATACADO')"),
+        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (3, 'PROMOCAO')"),
+        SqlDados(),
+    };
 }
 
 // Posts the note as the screen does (module connection and the host's both open); the
@@ -127,52 +88,36 @@ double Baixar(const TDadosBanco &banco)
     conexao.Conectar();
     TConexD::Conexao().Conectar();
     TRepD repD(conexao);
-    TFiltroNotas filtro;
-    filtro.considerarDatas = false;
-    filtro.canceladosIndice = 0;
-    filtro.origemIndice = 0;
     double ms = -1;
-    if (repD.CarregarNotas(filtro) && repD.Notas().Locate(QStringLiteral("compra_COD"), 1)) {
-        QElapsedTimer t;
-        t.start();
-        if (TBaixaNota(conexao).BaixarNota(*repD.NotaAtual(), true))
-            ms = t.nsecsElapsed() / 1e6;
+    if (repD.CarregarNota(1, 10, 1) && repD.NotaAtual()) {
+        bool ok = false;
+        ms = Medicao::Ms([&] { ok = TBaixaNota(conexao).BaixarNota(*repD.NotaAtual(), true); });
+        if (!ok)
+            ms = -1;
     }
     TConexD::Conexao().Desconectar();
     conexao.Desconectar();
     return ms;
 }
 
-// The statements one after the other on one attachment, selects read to the end as posting
-// reads them; the milliseconds, or a negative value when one fails.
 double Repetir(const TDadosBanco &banco, const QStringList &comandos)
 {
     TConexaoSQL conexao(banco);
     conexao.Conectar();
-    QElapsedTimer t;
-    t.start();
-    for (const QString &sql : comandos) {
-        const bool ok = sql.startsWith(QLatin1String("select"), Qt::CaseInsensitive) ? conexao.Ab(sql) != nullptr
-                                                                                      : conexao.Exec(sql);
-        if (!ok) {
-            QTextStream(stderr) << "replay failed: " << conexao.UltimoErro() << "\n" << sql.left(200) << Qt::endl;
-            return -1;
-        }
-    }
-    const double ms = t.nsecsElapsed() / 1e6;
+    bool ok = false;
+    const double ms = Medicao::Ms([&] { ok = Medicao::Repetir(conexao, comandos); });
     conexao.Desconectar();
-    return ms;
+    return ok ? ms : -1;
 }
 
 double Triviais(const TDadosBanco &banco, int quantos)
 {
     TConexaoSQL conexao(banco);
     conexao.Conectar();
-    QElapsedTimer t;
-    t.start();
-    for (int i = 0; i < quantos; ++i)
-        conexao.Exec(QStringLiteral("insert into config (chave, valor) values ('B%1', 'S')").arg(i));
-    const double ms = t.nsecsElapsed() / 1e6;
+    const double ms = Medicao::Ms([&] {
+        for (int i = 0; i < quantos; ++i)
+            conexao.Exec(QStringLiteral("insert into config (chave, valor) values ('B%1', 'S')").arg(i));
+    });
     conexao.Desconectar();
     return ms;
 }
@@ -188,7 +133,7 @@ int main(int argc, char **argv)
     if (argc > 2)
         g_rodadas = std::max(1, QString::fromLocal8Bit(argv[2]).toInt());
     // The same clock for every round, so that every round sends the same statements.
-    Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 20), QTime(10, 30)); });
+    BancoTeste::FixarRelogio();
 
     QTemporaryDir pasta;
     TDadosBanco modelo;
@@ -199,43 +144,38 @@ int main(int argc, char **argv)
     QString erro;
     QElapsedTimer t;
     t.start();
-    if (!Preparar(modelo, &erro)) {
+    if (!BancoTeste::Criar(modelo, Dados(), true, &erro)) {
         QTextStream(stderr) << erro << Qt::endl;
         return 1;
     }
     out << QString::asprintf("database with a note of %d items built in %.1f s\n", g_itens, t.elapsed() / 1000.0);
 
     // A first posting, logged, gives the statements.
-    if (!Copiar(modelo.database, copia))
+    if (!BancoTeste::Copiar(modelo.database, copia, &erro))
         return 1;
-    QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-    g_anterior = qInstallMessageHandler(&Registrar);
-    const double registrada = Baixar(copia);
-    qInstallMessageHandler(g_anterior);
-    QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
+    double registrada = -1;
+    const QStringList comandos = Medicao::Declaracoes([&] { registrada = Baixar(copia); });
     if (registrada < 0) {
         QTextStream(stderr) << "BaixarNota failed" << Qt::endl;
         return 1;
     }
-    const int n = int(g_comandos.size());
+    const int n = int(comandos.size());
 
     std::vector<double> baixa, repeticao, triviais;
     for (int r = 0; r < g_rodadas; ++r) {
-        if (!Copiar(modelo.database, copia))
+        if (!BancoTeste::Copiar(modelo.database, copia, &erro))
             return 1;
         baixa.push_back(Baixar(copia));
-        if (!Copiar(modelo.database, copia))
+        if (!BancoTeste::Copiar(modelo.database, copia, &erro))
             return 1;
-        repeticao.push_back(Repetir(copia, g_comandos));
+        repeticao.push_back(Repetir(copia, comandos));
         triviais.push_back(Triviais(copia, n));
         if (baixa.back() < 0 || repeticao.back() < 0)
             return 1;
     }
     TConexaoSQL::FecharOciosas();
 
-    const double b = *std::min_element(baixa.begin(), baixa.end());
-    const double p = *std::min_element(repeticao.begin(), repeticao.end());
-    const double v = *std::min_element(triviais.begin(), triviais.end());
+    const double b = Medicao::Melhor(baixa), p = Medicao::Melhor(repeticao), v = Medicao::Melhor(triviais);
     out << QString::asprintf("statements sent                    %9d      %6.1f per item\n", n, double(n) / g_itens);
     out << QString::asprintf("BaixarNota                         %9.1f ms  %6.2f ms per item\n", b, b / g_itens);
     out << QString::asprintf("the same statements, bare          %9.1f ms  %6.3f ms each\n", p, p / n);

@@ -1,6 +1,7 @@
 // Loading the note list against the bare cost of the same statement: the list's own work (one
 // list row per note, its derived columns, the origin filter, the sort) next to fetching the rows.
-#include "Database.h"
+#include "BancoTeste.h"
+#include "Medicao.h"
 #include "TClientDataSet.h"
 #include "TConexaoSQL.h"
 #include "TRepD.h"
@@ -10,7 +11,6 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -51,37 +51,16 @@ QString SqlGerarNotas()
         .arg(Notas);
 }
 
-bool Preparar(const TDadosBanco &banco, QString *erro)
+QStringList Dados()
 {
-    if (!Database::CreateWithSchema(banco, false, erro))
-        return false;
-    TConexaoSQL conexao(banco);
-    const QStringList sqls = {
+    QStringList dados = {
         QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ')"),
         QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (2, 'Filial Norte Ltda', 'NORTE')"),
         QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (3, 'Filial Sul Ltda', 'SUL')"),
     };
-    for (const QString &sql : sqls)
-        if (!conexao.Exec(sql)) {
-            *erro = conexao.UltimoErro();
-            return false;
-        }
     for (int f = 1; f <= 5; ++f)
-        if (!conexao.Exec(QStringLiteral("insert into fornec (fornec_cod, nome_red) values (%1, 'FORNECEDOR %1')").arg(f))) {
-            *erro = conexao.UltimoErro();
-            return false;
-        }
-    if (!conexao.Exec(SqlGerarNotas())) {
-        *erro = conexao.UltimoErro();
-        return false;
-    }
-    return true;
-}
-
-// The best round: what the work costs when nothing else on the machine gets in the way.
-double Melhor(const std::vector<double> &v)
-{
-    return *std::min_element(v.begin(), v.end());
+        dados << QStringLiteral("insert into fornec (fornec_cod, nome_red) values (%1, 'FORNECEDOR %1')").arg(f);
+    return dados << SqlGerarNotas();
 }
 
 } // namespace
@@ -95,7 +74,7 @@ int main(int argc, char **argv)
     QString erro;
     QElapsedTimer t;
     t.start();
-    if (!Preparar(banco, &erro)) {
+    if (!BancoTeste::Criar(banco, Dados(), true, &erro)) {
         QTextStream(stderr) << erro << Qt::endl;
         return 1;
     }
@@ -135,7 +114,7 @@ int main(int argc, char **argv)
         notas = repD.Notas().RecordCount();
     }
 
-    const double p = Melhor(puro), c = Melhor(carregar);
+    const double p = Medicao::Melhor(puro), c = Medicao::Melhor(carregar);
     out << QString::asprintf("bare fetch (Ab + rows)   %9.1f ms  %7d rows  %8.0f rows/s\n", p, linhas, linhas / p * 1000);
     out << QString::asprintf("CarregarNotas            %9.1f ms  %7d rows  %8.0f rows/s\n", c, notas, notas / c * 1000);
     out << QString::asprintf("ratio                    %9.2f (best of %d rounds each)\n", c / p, Rodadas);

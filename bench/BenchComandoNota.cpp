@@ -3,7 +3,7 @@
 // with the store.
 #include "BancoTeste.h"
 #include "ComandosHeadless.h"
-#include "RegistroSql.h"
+#include "Medicao.h"
 #include "TConexaoSQL.h"
 
 #include <QCoreApplication>
@@ -11,7 +11,6 @@
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -125,15 +124,14 @@ int main(int argc, char **argv)
     }
     double melhores[2];
     for (int t = 0; t < 2; ++t) {
-        const auto menor = [&](double TMedida::*campo) {
-            double v = medidas[t].front().*campo;
-            for (const TMedida &m : medidas[t])
-                v = std::min(v, m.*campo);
-            return v;
-        };
-        melhores[t] = menor(&TMedida::antes);
+        std::vector<double> antes, total;
+        for (const TMedida &m : medidas[t]) {
+            antes.push_back(m.antes);
+            total.push_back(m.total);
+        }
+        melhores[t] = Medicao::Melhor(antes);
         out << QString::asprintf("post of a %d-item note among %7d notes: %7.1f ms before posting, %7.1f ms in all\n",
-                                 Itens, tamanhos[t], melhores[t], menor(&TMedida::total));
+                                 Itens, tamanhos[t], melhores[t], Medicao::Melhor(total));
     }
     out << QString::asprintf("ratio of the time before posting, 100,000 to 100 notes: %.2f (best of %d)\n",
                              melhores[1] / melhores[0], Rodadas);

@@ -1,6 +1,6 @@
 // The floors later benchmarks compare against: what a Conectar/Desconectar pair and an
 // autocommitted statement cost on the embedded engine.
-#include "Database.h"
+#include "BancoTeste.h"
 #include "TConexaoSQL.h"
 
 #include <QCoreApplication>
@@ -28,7 +28,7 @@ int main(int argc, char **argv)
     TDadosBanco banco;
     banco.database = pasta.filePath(QStringLiteral("bench.fdb"));
     QString erro;
-    if (!Database::CreateWithSchema(banco, false, &erro)) {
+    if (!BancoTeste::Criar(banco, {}, true, &erro)) {
         QTextStream(stderr) << erro << Qt::endl;
         return 1;
     }

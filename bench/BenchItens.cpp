@@ -1,8 +1,10 @@
 // Saving and loading the items of a large note against the bare cost of the same statements:
 // the item list's own work (reading each row, building each statement, filling each list row)
 // next to sending exactly those statements, one after another, on one attachment.
+#include "BancoTeste.h"
 #include "Contexto.h"
 #include "Database.h"
+#include "Medicao.h"
 #include "Money.h"
 #include "TClientDataSet.h"
 #include "TCompraItemTmpDBI.h"
@@ -11,12 +13,9 @@
 #include "TTabPrecoList.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
-#include <QLoggingCategory>
 #include <QTemporaryDir>
 #include <QTextStream>
 
-#include <algorithm>
 #include <vector>
 
 namespace {
@@ -27,40 +26,9 @@ constexpr int Empr = 1;
 constexpr int Compra = 1;
 constexpr int Rodadas = 3;
 
-QStringList g_log;
-
-void Captura(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)
+QStringList Dados()
 {
-    if (tipo == QtDebugMsg && QByteArray(ctx.category ? ctx.category : "") == "pavrel.sql")
-        g_log << msg;
-}
-
-// The statements one call sends, taken from the connection's statement log.
-template<typename F>
-QStringList Registrar(F &&f)
-{
-    g_log.clear();
-    QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=true"));
-    const QtMessageHandler anterior = qInstallMessageHandler(&Captura);
-    f();
-    qInstallMessageHandler(anterior);
-    QLoggingCategory::setFilterRules(QStringLiteral("pavrel.sql.debug=false"));
-    return g_log;
-}
-
-bool Preparar(const TDadosBanco &banco, QString *erro)
-{
-    if (!Database::CreateWithSchema(banco, false, erro))
-        return false;
-    // A flush per commit makes every statement wait for the disk, and the disk's mood then
-    // decides the ratio; "--forced-writes" keeps it for the figure a user's machine would see.
-    if (!QCoreApplication::arguments().contains(QStringLiteral("--forced-writes"))) {
-        TConexaoSQL::FecharOciosas(banco.database);
-        if (!Database::SetForcedWrites(banco, false, erro))
-            return false;
-    }
-    TConexaoSQL conexao(banco);
-    const QString script = QStringLiteral(
+    QStringList dados = Database::SplitScript(QStringLiteral(
         "insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ');\n"
         "insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE');\n"
         "insert into trib (trib_cod, descr, perc) values (1, 'ISENTO', 0);\n"
@@ -68,12 +36,7 @@ bool Preparar(const TDadosBanco &banco, QString *erro)
         "insert into trib (trib_cod, descr, perc) values (3, 'TRIBUTADO 17,5', 17.5);\n"
         "insert into tab_preco (tab_preco_cod, nome, perc) values (1, 'VAREJO', 0);\n"
         "insert into tab_preco (tab_preco_cod, nome, perc) values (2, 'ATACADO', 10);\n"
-        "insert into tab_preco (tab_preco_cod, nome, perc) values (3, 'PROMOCAO', -5);\n");
-    for (const QString &sql : Database::SplitScript(script))
-        if (!conexao.Exec(sql)) {
-            *erro = conexao.UltimoErro();
-            return false;
-        }
+        "insert into tab_preco (tab_preco_cod, nome, perc) values (3, 'PROMOCAO', -5);\n"));
     const QString produtos = QStringLiteral(
         "execute block as\n"
         "declare i integer = 1;\n"
@@ -88,11 +51,7 @@ bool Preparar(const TDadosBanco &banco, QString *erro)
         "    i = i + 1;\n"
         "  end\n"
         "end").arg(Produtos);
-    if (!conexao.Exec(produtos)) {
-        *erro = conexao.UltimoErro();
-        return false;
-    }
-    return true;
+    return dados << produtos;
 }
 
 // A note as the item screen leaves it: every staging column set, and three prices per item.
@@ -126,37 +85,6 @@ void PreencherLista(TRepD &repD)
     ds.EnableControls();
 }
 
-// The same statements, sent one after another on one attachment; selects read every row.
-bool Repetir(TConexaoSQL &conexao, const QStringList &sqls)
-{
-    for (const QString &sql : sqls) {
-        if (sql.startsWith(QLatin1String("select"), Qt::CaseInsensitive)) {
-            const auto q = conexao.Ab(sql);
-            if (!q)
-                return false;
-            for (q->First(); !q->Eof(); q->Next()) {
-            }
-        } else if (!conexao.Exec(sql)) {
-            return false;
-        }
-    }
-    return true;
-}
-
-double Melhor(const std::vector<double> &v)
-{
-    return *std::min_element(v.begin(), v.end());
-}
-
-template<typename F>
-double Medir(F &&f)
-{
-    QElapsedTimer t;
-    t.start();
-    f();
-    return t.nsecsElapsed() / 1e6;
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -167,7 +95,10 @@ int main(int argc, char **argv)
     banco.database = pasta.filePath(QStringLiteral("bench.fdb"));
     Contexto::Atual().banco = banco;   // the host connection deletes the staged rows
     QString erro;
-    if (!Preparar(banco, &erro)) {
+    // A flush per commit makes every statement wait for the disk, and the disk's mood then
+    // decides the ratio; "--forced-writes" keeps it for the figure a user's machine would see.
+    if (!BancoTeste::Criar(banco, Dados(), QCoreApplication::arguments().contains(QStringLiteral("--forced-writes")),
+                           &erro)) {
         QTextStream(stderr) << erro << Qt::endl;
         return 1;
     }
@@ -185,8 +116,8 @@ int main(int argc, char **argv)
     PreencherLista(repD);
 
     bool ok = true;
-    const QStringList sqlGravar = Registrar([&] { ok = repD.GravarItens({Empr, 10, Compra}); });
-    const QStringList sqlCarregar = Registrar([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); });
+    const QStringList sqlGravar = Medicao::Declaracoes([&] { ok = repD.GravarItens({Empr, 10, Compra}); });
+    const QStringList sqlCarregar = Medicao::Declaracoes([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); });
     if (!ok || repD.Itens().RecordCount() != Itens) {
         QTextStream(stderr) << "the first save or load failed (" << repD.Itens().RecordCount() << " items)" << Qt::endl;
         return 1;
@@ -194,16 +125,17 @@ int main(int argc, char **argv)
 
     std::vector<double> gravar, gravarPuro, carregar, carregarPuro;
     for (int r = 0; r < Rodadas && ok; ++r) {
-        gravar.push_back(Medir([&] { ok = repD.GravarItens({Empr, 10, Compra}); }));
-        gravarPuro.push_back(Medir([&] { ok = ok && Repetir(conexao, sqlGravar); }));
-        carregar.push_back(Medir([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); }));
-        carregarPuro.push_back(Medir([&] { ok = ok && Repetir(conexao, sqlCarregar); }));
+        gravar.push_back(Medicao::Ms([&] { ok = repD.GravarItens({Empr, 10, Compra}); }));
+        gravarPuro.push_back(Medicao::Ms([&] { ok = ok && Medicao::Repetir(conexao, sqlGravar); }));
+        carregar.push_back(Medicao::Ms([&] { ok = ok && repD.CarregarItens({Empr, 10, Compra}); }));
+        carregarPuro.push_back(Medicao::Ms([&] { ok = ok && Medicao::Repetir(conexao, sqlCarregar); }));
     }
     if (!ok) {
         QTextStream(stderr) << "a round failed: " << conexao.UltimoErro() << Qt::endl;
         return 1;
     }
 
+    using Medicao::Melhor;
     const double g = Melhor(gravar), gp = Melhor(gravarPuro), c = Melhor(carregar), cp = Melhor(carregarPuro);
     out << QString::asprintf("note of %d items, %d price tables; best of %d rounds; forced writes %s\n", Itens,
                              tabelas.Count(), Rodadas,

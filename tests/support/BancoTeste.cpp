@@ -10,7 +10,8 @@ namespace BancoTeste {
 bool Criar(const TDadosBanco &banco, const QStringList &comandos, bool escritaForcada, QString *erro)
 {
     QFile::remove(banco.database);
-    if (!Database::CreateEmpty(banco, erro) || !Database::SetForcedWrites(banco, escritaForcada, erro))
+    // Loaded without a flush per commit, whatever the database keeps afterwards.
+    if (!Database::CreateEmpty(banco, erro) || !Database::SetForcedWrites(banco, false, erro))
         return false;
     bool ok = false;
     {
@@ -27,7 +28,7 @@ bool Criar(const TDadosBanco &banco, const QStringList &comandos, bool escritaFo
         conexao.Desconectar();
     }
     TConexaoSQL::FecharOciosas(banco.database);
-    return ok;
+    return ok && (!escritaForcada || Database::SetForcedWrites(banco, true, erro));
 }
 
 bool Copiar(const QString &modelo, const TDadosBanco &copia, QString *erro)

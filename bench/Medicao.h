@@ -1,0 +1,63 @@
+#pragma once
+
+// What every benchmark does: time a piece of work, keep the best round, capture the statements a
+// call sends and send them again bare, with nothing of the module in between.
+
+#include "RegistroSql.h"
+#include "TConexaoSQL.h"
+
+#include <QElapsedTimer>
+#include <QStringList>
+#include <QTextStream>
+
+#include <algorithm>
+#include <vector>
+
+namespace Medicao {
+
+template<typename F>
+double Ms(F &&f)
+{
+    QElapsedTimer t;
+    t.start();
+    f();
+    return double(t.nsecsElapsed()) / 1e6;
+}
+
+inline double Melhor(const std::vector<double> &v)
+{
+    return *std::min_element(v.begin(), v.end());
+}
+
+// The statements one call sends, as the connection logs them.
+template<typename F>
+QStringList Declaracoes(F &&f)
+{
+    RegistroSql registro;
+    f();
+    return RegistroSql::Sql();
+}
+
+// The statements one after the other on one attachment, selects read to the end; false, with the
+// failing statement on standard error, when one fails.
+inline bool Repetir(TConexaoSQL &conexao, const QStringList &sqls)
+{
+    for (const QString &sql : sqls) {
+        bool ok = true;
+        if (sql.startsWith(QLatin1String("select"), Qt::CaseInsensitive)) {
+            const auto q = conexao.Ab(sql);
+            ok = q != nullptr;
+            for (; ok && !q->Eof(); q->Next()) {
+            }
+        } else {
+            ok = conexao.Exec(sql);
+        }
+        if (!ok) {
+            QTextStream(stderr) << "replay failed: " << conexao.UltimoErro() << "\n" << sql.left(200) << Qt::endl;
+            return false;
+        }
+    }
+    return true;
+}
+
+} // namespace Medicao
