@@ -28,8 +28,9 @@ void TRepF::CriarAcoesNota()
     };
     ligar("BaixarAct", [this](const std::optional<TNotaLinha> &nota) {
         const bool baixou = m_acoesNota->BaixouNota(nota, false);
-        // A production note's total may have been adjusted even when posting stopped later.
-        if (nota && (baixou || nota->tipoCod == TipoDoc::Producao))
+        // A type whose total follows its items may have had it written even when posting stopped.
+        const TipoDoc::TTipoDoc *tipo = nota ? TipoDoc::PorCodigo(nota->tipoCod) : nullptr;
+        if (nota && (baixou || (tipo && tipo->ajustaTotalNaBaixa)))
             m_repD->RecarregarLinha(nota->chave);
     });
     ligar("CancAct", [this](const std::optional<TNotaLinha> &nota) {
