@@ -25,15 +25,12 @@ protected:
         Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 20), QTime(10, 30)); });
     }
 
-    // Writes the note, loads the list and puts the cursor on it.
+    // Writes the note and loads it as the list's current row.
     void Preparar(const NotaTeste &n)
     {
-        TFiltroNotas todas;
-        todas.considerarDatas = false;
-        todas.canceladosIndice = todas.origemIndice = 0;
         ASSERT_EQ(InserirNota(db, n), QString());
-        ASSERT_TRUE(repD.CarregarNotas(todas));
-        ASSERT_TRUE(repD.Notas().Locate(QStringLiteral("compra_COD"), n.compra));
+        ASSERT_TRUE(repD.CarregarNota(n.empr, n.estacao, n.compra));
+        ASSERT_EQ(repD.Notas().RecordCount(), 1);
     }
 
     bool Baixar(bool somarIPI = true) { return TBaixaNota(db.conexao()).BaixarNota(*repD.NotaAtual(), somarIPI); }
