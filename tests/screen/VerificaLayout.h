@@ -14,20 +14,17 @@ namespace verifica {
 
 inline QString Nome(const QWidget *w)
 {
-    if (!w)
-        return QStringLiteral("<nenhum>");
     const auto *rotulo = qobject_cast<const QLabel *>(w);
-    return QLatin1String(w->metaObject()->className()) + QLatin1Char(' ')
+    return !w ? QStringLiteral("<nenhum>") : QLatin1String(w->metaObject()->className()) + QLatin1Char(' ')
            + (rotulo && w->objectName().isEmpty() ? rotulo->text() : w->objectName());
 }
 
 // Widgets drawn as one piece; their inner parts are Qt's business.
 inline bool Folha(const QWidget *w)
 {
-    return qobject_cast<const QLineEdit *>(w) || qobject_cast<const QComboBox *>(w)
-           || qobject_cast<const QAbstractSpinBox *>(w) || qobject_cast<const QAbstractButton *>(w)
-           || qobject_cast<const QLabel *>(w) || qobject_cast<const QAbstractItemView *>(w)
-           || qobject_cast<const QTabBar *>(w);
+    return qobject_cast<const QLineEdit *>(w) || qobject_cast<const QComboBox *>(w) || qobject_cast<const QAbstractSpinBox *>(w)
+           || qobject_cast<const QAbstractButton *>(w) || qobject_cast<const QLabel *>(w)
+           || qobject_cast<const QAbstractItemView *>(w) || qobject_cast<const QTabBar *>(w);
 }
 
 inline void Percorrer(QWidget *pai, QStringList &falhas)
@@ -37,13 +34,10 @@ inline void Percorrer(QWidget *pai, QStringList &falhas)
     if (auto *abas = qobject_cast<QTabWidget *>(pai)) {
         if (!abas->currentWidget()->parentWidget()->rect().contains(abas->currentWidget()->geometry()))
             falhas << Nome(abas->currentWidget()) + QStringLiteral(" sai da área das abas");
-        Percorrer(abas->currentWidget(), falhas);
-        return;
+        return Percorrer(abas->currentWidget(), falhas);
     }
-    QList<QWidget *> filhos;   // an empty box has nothing to cut
-    for (QWidget *w : pai->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
-        if (!w->isWindow() && w->isVisible() && !w->size().isEmpty())
-            filhos.append(w);
+    QList<QWidget *> filhos = pai->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    filhos.removeIf([](QWidget *w) { return w->isWindow() || !w->isVisible() || w->size().isEmpty(); });   // an empty box has nothing to cut
     for (int i = 0; i < filhos.size(); ++i) {
         if (!pai->rect().contains(filhos[i]->geometry()))
             falhas << Nome(filhos[i]) + QStringLiteral(" cortado por ") + Nome(pai);
@@ -66,6 +60,28 @@ inline QStringList Defeitos(QWidget *raiz)
         if (w->isVisible() && Folha(w) && !interno && !qobject_cast<QAbstractItemView *>(w)
             && (w->width() < minimo.width() || w->height() < minimo.height()))
             falhas << Nome(w) + QStringLiteral(" espremido");
+    }
+    return falhas;
+}
+
+// Brings forward the tab pages that hold `w`, so that it is laid out as a clerk sees it.
+inline void MostrarAbaDe(QWidget *w)
+{
+    for (QWidget *p = w; p && p->parentWidget(); p = p->parentWidget())
+        if (auto *abas = qobject_cast<QTabWidget *>(p->parentWidget()->parentWidget()); abas && abas->indexOf(p) >= 0)
+            abas->setCurrentWidget(p);
+    QApplication::processEvents();
+}
+
+// Fields that refuse or cut the largest sample a clerk will type.
+inline QStringList CortaValores(const QList<std::pair<QLineEdit *, const char *>> &amostras)
+{
+    QStringList falhas;
+    for (const auto &[campo, texto] : amostras) {
+        MostrarAbaDe(campo);
+        campo->setText(QLatin1String(texto));
+        if (campo->text() != QLatin1String(texto) || campo->fontMetrics().horizontalAdvance(texto) + 8 > campo->width())
+            falhas << Nome(campo) + QStringLiteral(" recusa ou corta ") + texto;
     }
     return falhas;
 }
@@ -106,14 +122,12 @@ inline QStringList OrdemTab(QWidget *raiz, const QList<QWidget *> &caminho)
 {
     QStringList ordem;
     for (int i = 0; i < caminho.size(); ++i) {
-        QWidget *a = i ? caminho[i - 1] : nullptr;
-        QWidget *b = caminho[i];
+        QWidget *a = i ? caminho[i - 1] : nullptr, *b = caminho[i];
         if (!a || Bloco(raiz, a) != Bloco(raiz, b)) {
             ordem << Bloco(raiz, b)->objectName();
             continue;
         }
-        const QRect ra(a->mapTo(raiz, QPoint()), a->size());
-        const QRect rb(b->mapTo(raiz, QPoint()), b->size());
+        const QRect ra(a->mapTo(raiz, QPoint()), a->size()), rb(b->mapTo(raiz, QPoint()), b->size());
         const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
         if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())
             ordem << Nome(a) + QStringLiteral(" -> ") + Nome(b);
