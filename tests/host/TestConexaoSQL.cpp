@@ -1,4 +1,3 @@
-#include "RegistroSql.h"
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TestDatabase.h"
@@ -81,7 +80,7 @@ TEST_F(ConexaoSQL, ColumnsArriveExactly)
               (QStringList{"\"", "N", " 1 "}));
 }
 
-TEST_F(ConexaoSQL, FailuresReturnTheDriverText)
+TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)
 {
     TConexaoSQL conexao(db.banco());
     EXPECT_FALSE(conexao.Exec(QStringLiteral("insert into tabela_inexistente values (1)")));
@@ -93,23 +92,13 @@ TEST_F(ConexaoSQL, FailuresReturnTheDriverText)
     TConexaoSQL semBanco(TDadosBanco{QStringLiteral("/nonexistent/pavrel.fdb")});
     EXPECT_FALSE(semBanco.Conectar() || semBanco.Exec(QStringLiteral("select 1 from RDB$DATABASE")));
     EXPECT_TRUE(semBanco.UltimoErro().contains(QStringLiteral("/nonexistent/pavrel.fdb"))) << semBanco.UltimoErro().toStdString();
-}
 
-TEST_F(ConexaoSQL, GeneratorsAdvanceByTheirStepAndTheLogShowsWhatWasSent)
-{
-    TConexaoSQL conexao(db.banco());
+    // Generators advance by their step.
     const qint64 primeiro = conexao.ProximoGenerator(QStringLiteral("compra_g"));
     const qint64 segundo = conexao.ProximoGenerator(QStringLiteral("compra_g"));
     EXPECT_EQ(std::pair(segundo, conexao.ProximoGenerator(QStringLiteral("compra_g"), 10)), std::pair(primeiro + 1, primeiro + 11));
-    const QString sql = QStringLiteral("select count(*) from config\r\n where chave='X'");
-    RegistroSql registro;
-    conexao.ValorInt(sql);
-    EXPECT_EQ(RegistroSql::Sql(), QStringList{sql});
-}
 
-// A server answers whether it is a file or a port.
-TEST_F(ConexaoSQL, ServerReachability)
-{
+    // A server answers whether it is a file or a port.
     EXPECT_TRUE(TTerminalModoOper::ConectouServidor(db.caminho())
                 && !TTerminalModoOper::ConectouServidor(QStringLiteral("/nonexistent/x.fdb")));
     QTcpServer servidor;
@@ -119,5 +108,7 @@ TEST_F(ConexaoSQL, ServerReachability)
     servidor.close();
     EXPECT_FALSE(TTerminalModoOper::ConectouServidor(endereco));
 }
+
+
 
 } // namespace

@@ -33,7 +33,7 @@ protected:
     TestDatabase db;
 };
 
-TEST_F(Estoque, DirecaoDoMovimentoSegueOTipoDoDocumento)
+TEST_F(Estoque, DirecaoSegueOTipoELigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQueBaixa)
 {
     // Note type, direction, quantity as written, balance.
     const struct { int tipo; const char *tipoMov, *qtd, *saldo; } casos[] = {
@@ -52,10 +52,7 @@ TEST_F(Estoque, DirecaoDoMovimentoSegueOTipoDoDocumento)
                       .arg(QLatin1String(c.tipoMov), QLatin1String(c.qtd)));
         EXPECT_EQ(Saldo(db, 1, prod), QLatin1String(c.saldo));
     }
-}
 
-TEST_F(Estoque, LigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQueBaixa)
-{
     // Two workstations created notes with the same code: the posting station picks its own.
     Nota({.estacao = 3, .compra = 50, .tipo = 34, .itens = {}});
     Nota({.estacao = 4, .compra = 50, .tipo = 35, .itens = {}});
@@ -67,21 +64,8 @@ TEST_F(Estoque, LigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQueBaixa)
     EXPECT_EQ(Valor(sql.arg(Movimento(50, 3, 1, 3))), QLatin1String("E 3 10 %"));
 }
 
-TEST_F(Estoque, AjusteTribPreencheOsCamposDoHost)
-{
-    Nota({});
-    const int mov = Movimento(1, 2, 1);
-    const QString sql = QStringLiteral("select trat_icms || '/' || icms_val || '/' || trib_cod from est_mov where "
-                                       "est_mov_cod=%1").arg(mov);
-    // Written in step by the movement routine already...
-    EXPECT_EQ(Valor(sql), QLatin1String("20/12.0000/3"));
-    // ...and brought back in step when something else changed them.
-    ASSERT_EQ(db.exec(QStringLiteral("update est_mov set trat_icms=99, icms_val=0, trib_cod=null")), QString());
-    EstMovAjusteTrib(db.conexao(), 1, 1, mov, Money::fromInt(12));
-    EXPECT_EQ(Valor(sql), QLatin1String("20/12.0000/3"));
-}
 
-TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarECriaODoFornecedor)
+TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarEDesbaixarEEnviarMovemOSaldoDasDuasEmpresas)
 {
     ProdInserirCusto(1, 1, Money::fromRaw(125000), 2, 7, 70);
     ProdInserirCusto(1, 1, Money::fromInt(13), 2, 8, 80);
@@ -94,10 +78,7 @@ TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarECriaODoFornecedor)
     EXPECT_EQ(Valor(QStringLiteral("select list(custo || ':' || compra_cod || ':' || est_mov_cod, ' ') from "
                                    "(select custo, compra_cod, est_mov_cod from prod_custo order by prod_custo_cod)")),
               QLatin1String("12.5000:7:70 13.0000:8:80 5.0000:9:90"));
-}
 
-TEST_F(Estoque, DesbaixarEEnviarMovemOSaldoDasDuasEmpresas)
-{
     Nota({.compra = 5, .tipo = 36, .destin = 2, .baixado = true, .itens = {}});
     const int mov = Movimento(5, 3, 4);
     ASSERT_EQ(db.exec(QStringLiteral("insert into est_mov_compo (empr_cod, est_mov_cod, est_mov_compo_cod, prod_cod_filho, qtd) "
@@ -119,5 +100,6 @@ TEST_F(Estoque, DesbaixarEEnviarMovemOSaldoDasDuasEmpresas)
                                    "|| (select baixado from compra where compra_cod=5) from rdb$database")),
               QLatin1String("0000N")) << "movements, inputs, links and sendings gone, note open again";
 }
+
 
 } // namespace

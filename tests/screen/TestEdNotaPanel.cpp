@@ -75,7 +75,7 @@ TEST_F(EdNotaPanel, TabWalksEveryFieldOfEachTabInTheOrderItIsSeenThenReachesTheB
     EXPECT_EQ(QApplication::focusWidget(), m_painel.NotaCancButton());
 }
 
-TEST_F(EdNotaPanel, TypingKeepsOnlyWhatTheFieldAccepts)
+TEST_F(EdNotaPanel, TypingKeepsOnlyWhatTheFieldAcceptsAndAcceleratorsAreUniqueOnEachTabAndReachTheirField)
 {
     const struct { const char *caso, *campo, *teclas, *esperado; } linhas[] = {
         {"HourSkipsItsColon", "HSaiMaskEdit", "14h30", "14:30"},
@@ -98,11 +98,8 @@ TEST_F(EdNotaPanel, TypingKeepsOnlyWhatTheFieldAccepts)
         verifica::Digitar(edit, QString::fromUtf8(linha.teclas));
         EXPECT_EQ(edit->text(), QString::fromUtf8(linha.esperado));
     }
-}
 
-// Alt+letter must be unambiguous among what is visible at once and land where the caption says.
-TEST_F(EdNotaPanel, AcceleratorsAreUniqueOnEachTabAndReachTheirField)
-{
+    // Alt+letter must be unambiguous among what is visible at once and land where the caption says.
     for (int aba = 0; aba < m_painel.Abas()->count(); ++aba) {
         m_painel.Abas()->setCurrentIndex(aba);
         std::multiset<QString> atalhos;
@@ -131,6 +128,7 @@ TEST_F(EdNotaPanel, AcceleratorsAreUniqueOnEachTabAndReachTheirField)
     QTest::keyClick(&m_painel, Qt::Key_T, Qt::AltModifier);
     EXPECT_EQ(m_painel.Abas()->currentIndex(), int(TEdNotaPanel::AbaTransporte));
 }
+
 
 // Every tab fits without overlap or cut; the largest value a clerk will type, the longest list
 // entry, the buttons, dates and freight choices show as the clerk expects.

@@ -82,7 +82,7 @@ TEST_F(ItemPanel, TabWalksEveryTypedFieldLineByLineAndSkipsTheComputedOnes)
     EXPECT_TRUE(m_painel.ProdPanel()->isAncestorOf(m_painel.findChild<QTableView *>(QStringLiteral("ProdDBGrid"))));
 }
 
-TEST_F(ItemPanel, NCMTakesEightDigitsWithItsDots)
+TEST_F(ItemPanel, NCMTakesEightDigitsWithItsDotsAndTheProductListDropsDownRightBelowTheSearch)
 {
     QLineEdit *ncm = m_painel.NCMMaskEdit();
     const auto digitar = [ncm](const char *teclas) {
@@ -94,6 +94,16 @@ TEST_F(ItemPanel, NCMTakesEightDigitsWithItsDots)
     EXPECT_TRUE(ncm->hasAcceptableInput());
     digitar("2106");
     EXPECT_FALSE(ncm->hasAcceptableInput()) << "half an NCM must not pass as complete";
+
+    QFrame *lista = m_painel.ProdPanel();
+    m_painel.ExibirProdPanel();
+    ASSERT_TRUE(lista->isVisible());
+    QLineEdit *busca = m_painel.BuscaLabeledEdit();
+    EXPECT_EQ(lista->pos(), busca->mapTo(&m_painel, QPoint(0, busca->height())));
+    EXPECT_TRUE(m_painel.rect().contains(lista->geometry()));
+    EXPECT_GE(lista->height(), 150) << "room for several products";
+    QWidget *atingido = m_painel.childAt(lista->geometry().center());
+    EXPECT_TRUE(lista->isAncestorOf(atingido)) << "hidden under " << verifica::Nome(atingido).toStdString();
 }
 
 // Empty, and as the screen builds it for the demo store: two further price tables, three grades.
@@ -132,18 +142,6 @@ TEST_F(ItemPanel, FitsItsPlaceAlsoWithPriceTablesAndGradesAndShowsLargeValuesWho
               QStringList());
 }
 
-TEST_F(ItemPanel, ProductListDropsDownRightBelowTheSearchFieldAboveTheOtherFields)
-{
-    QFrame *lista = m_painel.ProdPanel();
-    m_painel.ExibirProdPanel();
-    ASSERT_TRUE(lista->isVisible());
-    QLineEdit *busca = m_painel.BuscaLabeledEdit();
-    EXPECT_EQ(lista->pos(), busca->mapTo(&m_painel, QPoint(0, busca->height())));
-    EXPECT_TRUE(m_painel.rect().contains(lista->geometry()));
-    EXPECT_GE(lista->height(), 150) << "room for several products";
-    QWidget *atingido = m_painel.childAt(lista->geometry().center());
-    EXPECT_TRUE(lista->isAncestorOf(atingido)) << "hidden under " << verifica::Nome(atingido).toStdString();
-}
 
 // A large note: products and total in the millions, the others in the hundreds of thousands, each
 // with cents of its own so that a setter writing another's label shows. Then the colour actually

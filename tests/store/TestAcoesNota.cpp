@@ -39,32 +39,6 @@ protected:
     TAcoesNota acoes{db.conexao()};
 };
 
-TEST_F(AcoesNota, BaixarPassaPelasConferenciasAntesDeGravar)
-{
-    Preparar({.baixado = true, .itens = {}});
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), true));
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-
-    Preparar({.compra = 2, .itens = {}});
-    bool perguntou = false;
-    acoes.SetDocAceito([&perguntou] { perguntou = true; return false; });
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_TRUE(perguntou);
-
-    // The totals gate: the header's product total no longer matches the items'.
-    acoes.SetDocAceito([] { return true; });
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=26 where compra_cod=2")), QString());
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
-              QStringLiteral("O total de produtos deve ser igual ao total dos itens. A nota não pode ser baixada"));
-    EXPECT_EQ(Valor("select count(*) from est_mov"), QLatin1String("0"));
-    dialogos.Limpar();
-
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=25 where compra_cod=2")), QString());
-    EXPECT_TRUE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    EXPECT_EQ(Valor("select baixado from compra where compra_cod=2") + Saldo(db, 1, 2), QLatin1String("S5"));
-}
 
 // Each refusal asks nothing, sends nothing, and shows its message or, for a state the screen
 // never offers, nothing at all.
@@ -113,10 +87,10 @@ TEST_F(AcoesNota, RecusasDeDesbaixarEEnviar)
     }
 }
 
-TEST_F(AcoesNota, RastroNivel80)
+TEST_F(AcoesNota, RastroNivel80EBaixarPassaPelasConferenciasAntesDeGravar)
 {
     Contexto::Atual().modoDebug = 80;
-    Preparar({.baixado = true, .itens = {}});
+    Preparar({.compra = 99, .baixado = true, .itens = {}});
     EXPECT_FALSE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, TDataSetState::Edit));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
               QStringLiteral("modo debug 80;DesbaixarAct;inicio\r\nItemState<>dsBrowse"));
@@ -124,6 +98,32 @@ TEST_F(AcoesNota, RastroNivel80)
     EXPECT_FALSE(acoes.NotaExportActExecute(repD.NotaAtual(), B, B));
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
               QStringLiteral("modo debug 80;NotaExportAct;inicio\r\nDESTIN_EMPR_COD<1"));
+
+    Contexto::Atual().modoDebug = 0;
+    dialogos.Limpar();
+    Preparar({.baixado = true, .itens = {}});
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), true));
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    Preparar({.compra = 2, .itens = {}});
+    bool perguntou = false;
+    acoes.SetDocAceito([&perguntou] { perguntou = true; return false; });
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_TRUE(perguntou);
+
+    // The totals gate: the header's product total no longer matches the items'.
+    acoes.SetDocAceito([] { return true; });
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=26 where compra_cod=2")), QString());
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
+              QStringLiteral("O total de produtos deve ser igual ao total dos itens. A nota não pode ser baixada"));
+    EXPECT_EQ(Valor("select count(*) from est_mov"), QLatin1String("0"));
+    dialogos.Limpar();
+
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=25 where compra_cod=2")), QString());
+    EXPECT_TRUE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(Valor("select baixado from compra where compra_cod=2") + Saldo(db, 1, 2), QLatin1String("S5"));
 }
 
 } // namespace

@@ -74,7 +74,7 @@ TEST_F(NotaCabec, InsertListsOneColumnALineAndCommentsEveryValue)
     EXPECT_EQ(db.valor(QStringLiteral("select count(*) from compra where fornec_cod is null")), QStringLiteral("1"));
 }
 
-TEST_F(NotaCabec, UpdateChangesOnlyWhatItNames)
+TEST_F(NotaCabec, UpdateChangesOnlyWhatItNamesAndTheNumberIsUniqueAmongNotesOfTheSameTypeOrOfNone)
 {
     TCompraCabecDBI alterada = cabecCompleto();
     ASSERT_EQ(db.exec(alterada.SqlInsert(QStringLiteral("F"), QStringLiteral("C"))), QString());
@@ -87,11 +87,8 @@ TEST_F(NotaCabec, UpdateChangesOnlyWhatItNames)
                                       "inf_adic_contribuinte || baixado || arq_xml || empr_cod || estacao_cod || compra_cod "
                                       "from compra")),
               QStringLiteral("Outra natureza/9/'/FCS<x/>1377"));
-}
 
-// Same supplier, number and series: a duplicate when of the same type or of none.
-TEST_F(NotaCabec, NumeroUnicoComparesWithNotesOfTheSameTypeOrOfNone)
-{
+    // Same supplier, number and series: a duplicate when of the same type or of none.
     const std::pair<const char *, bool> casos[] = {{"'\"'", true}, {"NULL", true}, {"'#'", false}};
     for (const auto &[tipo, recusa] : casos) {
         SCOPED_TRACE(tipo);
@@ -105,6 +102,7 @@ TEST_F(NotaCabec, NumeroUnicoComparesWithNotesOfTheSameTypeOrOfNone)
         EXPECT_EQ(db.conexao().ValorInt(nova.SqlNumeroUnico()), 0) << "the note itself, when altered, is no duplicate";
     }
 }
+
 
 TEST(NotaCabecTotal, AddsIPIOnlyWhenTheStoreAddsItAndRoundsHalfToEven)
 {

@@ -90,10 +90,8 @@ TEST_F(RepGates, TheTotalsGateRefusesWithOneMessageAndWritesOnlyAProductionTotal
         EXPECT_TRUE(c.tipo != TipoDoc::NotaComplementar || RegistroSql::Sql().size() == 1) << "only the count";
         EXPECT_EQ(Cabecalho(), c.cabecalho ? QString::fromLatin1(c.cabecalho) : antes);
     }
-}
 
-TEST_F(RepGates, AnUnreachableServerStopsTheProductionTotalBeforeAnyWrite)
-{
+    // An unreachable server stops the production total before any write.
     Nota(TipoDoc::Producao, "0", {"100"});
     Contexto::Atual().banco.database = QStringLiteral("/nonexistent/pavrel.fdb");
     EXPECT_FALSE(gates.TotItensAceito(Chave, TipoDoc::Producao, true));
@@ -102,6 +100,7 @@ TEST_F(RepGates, AnUnreachableServerStopsTheProductionTotalBeforeAnyWrite)
         EXPECT_FALSE(sql.startsWith(QStringLiteral("update"))) << sql.toStdString();
     EXPECT_EQ(Cabecalho(), QStringLiteral("0.0000|0.0000"));
 }
+
 
 TEST_F(RepGates, EveryItemNeedsPackagesAndUnitsInThemUnlessTheTypeNeedsNeither)
 {
