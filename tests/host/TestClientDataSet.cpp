@@ -38,7 +38,7 @@ protected:
     TClientDataSet ds;
 };
 
-TEST_F(ClientDataSetTest, StatesMoveThroughEditsAndPendingChangesPostOrCancel)
+TEST_F(ClientDataSetTest, StatesMoveThroughEditsPendingChangesPostOrCancelAndMisuseThrows)
 {
     QSignalSpy states(&ds, &TClientDataSet::StateChanged);
     ds.Append(); SetNome("ACME"); ds.Post();
@@ -82,10 +82,8 @@ TEST_F(ClientDataSetTest, StatesMoveThroughEditsAndPendingChangesPostOrCancel)
     const bool eof = ds.Eof();
     const int back = ds.MoveBy(-2);
     EXPECT_EQ(std::tuple(forward, eof, back, ds.RecNo()), std::tuple(3, true, -2, 2));
-}
 
-TEST_F(ClientDataSetTest, FieldsAreFoundIgnoringCaseAndMisuseThrows)
-{
+    ds.EmptyDataSet();
     EXPECT_TRUE(ds.Eof() && ds.Bof());
     EXPECT_EQ(ds.FindField("Tot"), &ds.FieldByName("TOT"));
     EXPECT_EQ(ds.FindField("TOTAL"), nullptr);
@@ -102,6 +100,7 @@ TEST_F(ClientDataSetTest, FieldsAreFoundIgnoringCaseAndMisuseThrows)
     ds.Close();
     EXPECT_TRUE(ds.RecordCount() == 0 && ds.FieldByName("NOME").IsNull());
 }
+
 
 TEST_F(ClientDataSetTest, ConversionsAreForgivingAndDisplayTextUsesTheDisplayFormat)
 {
@@ -180,7 +179,7 @@ TEST_F(ClientDataSetTest, LocateMatchesIgnoringCaseOrByPrefixAndBookmarksSurvive
 
 
 // Short lists hide an unstable sort, which often orders small ranges by insertion; hence the 50 rows.
-TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstAndComparesMoneyByValue)
+TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstComparesMoneyByValueAndScrollsOnlyWhenTheRowChanges)
 {
     const QVariant names[] = {"beta", "Alfa", QVariant(), "alfa", "Édson", "Zeca", "BETA", "Dora"};
     for (int i = 0; i < 8; ++i)
@@ -212,10 +211,9 @@ TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstAndComparesMon
         AddRow(++cod, QVariant::fromValue(Money::fromRaw(raw)), "TOT");
     ds.SortBy("TOT");
     EXPECT_EQ(Codes(), (QList<int>{3, 2, 4, 1}));
-}
 
-TEST_F(ClientDataSetTest, AfterScrollOnlyWhenTheRowChangesAndOnceAfterDisabledControls)
-{
+    // AfterScroll only when the row changes, and once after disabled controls.
+    ds.EmptyDataSet();
     AddRow(1, "A"); AddRow(2, "B");
     QSignalSpy scrolls(&ds, &TClientDataSet::AfterScroll);
     ds.Last();
@@ -237,5 +235,6 @@ TEST_F(ClientDataSetTest, AfterScrollOnlyWhenTheRowChangesAndOnceAfterDisabledCo
     ds.EnableControls();   // unbalanced: ignored
     EXPECT_EQ(resets.count(), 1);
 }
+
 
 } // namespace

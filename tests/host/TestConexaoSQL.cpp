@@ -38,7 +38,7 @@ TEST_F(ConexaoSQL, NestedCallsAreCountedAndPairsReuseOneAttachment)
 
 // Written on one connection and read on another: each statement commits as it runs, and quoted
 // texts arrive intact.
-TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRun)
+TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRunAndColumnsArriveExactly)
 {
     TConexaoSQL escreve(db.banco()), le(db.banco());
     ASSERT_TRUE(escreve.Conectar() && le.Conectar());
@@ -51,11 +51,7 @@ TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRun)
         EXPECT_EQ(le.ValorStr(QStringLiteral("select valor from config where chave=") + chave), texto);
     }
     EXPECT_EQ(le.ValorInt(QStringLiteral("select count(*) from config")), textos.size());
-}
 
-// Numeric columns reach Money as plain decimals; fixed-width text comes without its padding.
-TEST_F(ConexaoSQL, ColumnsArriveExactly)
-{
     const QList<std::pair<const char *, qint64>> valores = {{"92233720368.5477", 922337203685477LL},
         {"1000000", 10000000000LL}, {"0.0005", 5}, {"-0.0001", -1}, {"1234.5", 12345000}};
     QStringList colunas;
@@ -79,6 +75,7 @@ TEST_F(ConexaoSQL, ColumnsArriveExactly)
     EXPECT_EQ(QStringList({c->Fields(0).AsString(), c->Fields(2).AsString(), c->Fields(3).AsString()}),
               (QStringList{"\"", "N", " 1 "}));
 }
+
 
 TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)
 {

@@ -33,7 +33,7 @@ protected:
     TestDatabase db;
 };
 
-TEST_F(Estoque, DirecaoSegueOTipoELigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQueBaixa)
+TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
 {
     // Note type, direction, quantity as written, balance.
     const struct { int tipo; const char *tipoMov, *qtd, *saldo; } casos[] = {
@@ -62,11 +62,7 @@ TEST_F(Estoque, DirecaoSegueOTipoELigacaoLevaAEstacaoDaNotaEscolhidaPelaEstacaoQ
     EXPECT_EQ(Valor(sql.arg(Movimento(50, 1, 2, 4))), QLatin1String("S 4 10 -"));
     // The composed product's kind goes with its movement.
     EXPECT_EQ(Valor(sql.arg(Movimento(50, 3, 1, 3))), QLatin1String("E 3 10 %"));
-}
 
-
-TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarEDesbaixarEEnviarMovemOSaldoDasDuasEmpresas)
-{
     ProdInserirCusto(1, 1, Money::fromRaw(125000), 2, 7, 70);
     ProdInserirCusto(1, 1, Money::fromInt(13), 2, 8, 80);
     ProdInserirCusto(1, 2, Money::fromInt(5), 0, 9, 90);   // no supplier: only the general cost
@@ -79,6 +75,9 @@ TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarEDesbaixarEEnviarMovemOSaldoDasDua
                                    "(select custo, compra_cod, est_mov_cod from prod_custo order by prod_custo_cod)")),
               QLatin1String("12.5000:7:70 13.0000:8:80 5.0000:9:90"));
 
+    // Unposting and sending, on movements of their own.
+    for (const char *tabela : {"est_mov_compo", "compra_est_mov", "est_mov"})
+        ASSERT_EQ(db.exec(QStringLiteral("delete from ") + QLatin1String(tabela)), QString());
     Nota({.compra = 5, .tipo = 36, .destin = 2, .baixado = true, .itens = {}});
     const int mov = Movimento(5, 3, 4);
     ASSERT_EQ(db.exec(QStringLiteral("insert into est_mov_compo (empr_cod, est_mov_cod, est_mov_compo_cod, prod_cod_filho, qtd) "
@@ -100,6 +99,8 @@ TEST_F(Estoque, CustoAtualizaOGeralSemDuplicarEDesbaixarEEnviarMovemOSaldoDasDua
                                    "|| (select baixado from compra where compra_cod=5) from rdb$database")),
               QLatin1String("0000N")) << "movements, inputs, links and sendings gone, note open again";
 }
+
+
 
 
 } // namespace

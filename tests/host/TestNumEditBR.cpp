@@ -33,7 +33,7 @@ protected:
     QLineEdit *other = new QLineEdit(&window);
 };
 
-TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumber)
+TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberAndPastedTextIsReadTheBrazilianWay)
 {
     const struct { const char *name; int decimals; bool negative; QString keys; QString shown; double value; } cases[] = {
         {"letters ignored", 2, false, "12a,5", "12,5", 12.5}, {"minus refused", 2, false, "-7", "7", 7},
@@ -49,10 +49,9 @@ TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumber)
         EXPECT_EQ(edit->text(), c.shown);
         EXPECT_DOUBLE_EQ(edit->Value(), c.value);
     }
-}
 
-TEST_F(NumEditBRTest, PastedTextIsReadTheBrazilianWay)
-{
+    edit->SetDecimals(2);
+    edit->SetAcceptNegative(false);
     Paste("1.234,56");
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(12345600));
     edit->SetValue(0);
@@ -61,6 +60,7 @@ TEST_F(NumEditBRTest, PastedTextIsReadTheBrazilianWay)
         EXPECT_EQ(edit->text(), "0,00") << foreign.toStdString() << " must be refused";
     }
 }
+
 
 TEST_F(NumEditBRTest, FixedPlacesWhenLeavingOrOnEnterAndTheKeypadPeriodIsTheComma)
 {
@@ -102,7 +102,7 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenAlsoWhenThePlacesChange)
     EXPECT_EQ(threePlaces + '|' + edit->text(), "1,500|2") << "changing the places reshows the value";
 }
 
-TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChanges)
+TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChangesAndTheReadOnlyLookRefusesTypingAndTab)
 {
     QSignalSpy changes(edit, &TNumEditBR::ValueChanged);
     Type("12,5");   // 1, 12, "12," is still 12, 12.5
@@ -113,10 +113,7 @@ TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChanges)
     EXPECT_EQ(changes.count(), 3) << "re-showing the same value is no change";
     edit->SetValue(3);
     EXPECT_EQ(changes.count(), 4);
-}
 
-TEST_F(NumEditBRTest, ReadOnlyLookRefusesTypingAndTab)
-{
     const QColor normal = edit->palette().color(QPalette::Base);
     edit->SetValue(5); edit->SetReadOnlyLook(true);
     QTest::keyClicks(edit, "9");
@@ -125,5 +122,6 @@ TEST_F(NumEditBRTest, ReadOnlyLookRefusesTypingAndTab)
     edit->SetReadOnlyLook(false);
     EXPECT_TRUE(!edit->isReadOnly() && (edit->focusPolicy() & Qt::TabFocus) && edit->palette().color(QPalette::Base) == normal);
 }
+
 
 } // namespace

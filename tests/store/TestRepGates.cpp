@@ -61,7 +61,7 @@ protected:
     TRepGates gates{db.conexao()};
 };
 
-TEST_F(RepGates, TheTotalsGateRefusesWithOneMessageAndWritesOnlyAProductionTotal)
+TEST_F(RepGates, EachGateRefusesWithOneMessageAndWritesOnlyAProductionTotal)
 {
     const QStringList semItens = Msg(TipoMensagem::Info, "Esta nota não possui itens cadastrados. Não pode ser baixada");
     const QStringList zerada = Msg(TipoMensagem::Info, "O valor desta nota está zerado. Não pode ser baixada");
@@ -93,33 +93,34 @@ TEST_F(RepGates, TheTotalsGateRefusesWithOneMessageAndWritesOnlyAProductionTotal
 
     // An unreachable server stops the production total before any write.
     Nota(TipoDoc::Producao, "0", {"100"});
+    const auto banco = Contexto::Atual().banco;
     Contexto::Atual().banco.database = QStringLiteral("/nonexistent/pavrel.fdb");
     EXPECT_FALSE(gates.TotItensAceito(Chave, TipoDoc::Producao, true));
     EXPECT_EQ(Mensagens(), Msg(TipoMensagem::Info, "Erro acessando o servidor ao ajustar os totais da nota. Não pode ser baixada"));
     for (const QString &sql : RegistroSql::Sql())
         EXPECT_FALSE(sql.startsWith(QStringLiteral("update"))) << sql.toStdString();
     EXPECT_EQ(Cabecalho(), QStringLiteral("0.0000|0.0000"));
-}
 
-
-TEST_F(RepGates, EveryItemNeedsPackagesAndUnitsInThemUnlessTheTypeNeedsNeither)
-{
+    // Every item needs packages and units in them unless the type needs neither.
+    Contexto::Atual().banco = banco;
     const QString embs = "Não foi possível baixar a nota pois um dos itens tem a quantidade de embalagens zerada";
     const QString embQtd = "Não foi possível baixar a nota pois um dos itens tem a quantidade na embalagem zerada";
-    const struct { const char *nome; int tipo; const char *item; QStringList mensagens; } casos[] = {
+    const struct { const char *nome; int tipo; const char *item; QStringList mensagens; } itens[] = {
         {"both set", TipoDoc::Entrada, "10/0/12/0.001", {}},
         {"no packages", TipoDoc::Entrada, "10/0/12/0", Msg(TipoMensagem::Erro, embs)},
         {"no units in the package", TipoDoc::Producao, "10/0/0/3", Msg(TipoMensagem::Erro, embQtd)},
         {"neither: packages are looked at first", TipoDoc::Devolucao, "10/0/0/0", Msg(TipoMensagem::Erro, embs)},
         {"complementary note with neither", TipoDoc::NotaComplementar, "10/0/0/0", {}},
     };
-    for (const auto &c : casos) {
-        SCOPED_TRACE(c.nome);
-        Nota(TipoDoc::Entrada, "30", {"10", QLatin1String(c.item), "10"});
-        EXPECT_EQ(gates.TotDosItensAceito(Chave, c.tipo), c.mensagens.isEmpty());
-        EXPECT_EQ(Mensagens(), c.mensagens);
-        EXPECT_EQ(RegistroSql::Sql().size(), c.tipo == TipoDoc::NotaComplementar ? 0 : 1);
+    for (const auto &i : itens) {
+        SCOPED_TRACE(i.nome);
+        Nota(TipoDoc::Entrada, "30", {"10", QLatin1String(i.item), "10"});
+        EXPECT_EQ(gates.TotDosItensAceito(Chave, i.tipo), i.mensagens.isEmpty());
+        EXPECT_EQ(Mensagens(), i.mensagens);
+        EXPECT_EQ(RegistroSql::Sql().size(), i.tipo == TipoDoc::NotaComplementar ? 0 : 1);
     }
 }
+
+
 
 } // namespace
