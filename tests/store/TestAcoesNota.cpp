@@ -40,10 +40,47 @@ protected:
 };
 
 
-// Each refusal asks nothing, sends nothing, and shows its message or, for a state the screen
-// never offers, nothing at all.
-TEST_F(AcoesNota, RecusasDeDesbaixarEEnviar)
+
+TEST_F(AcoesNota, RastroNivel80BaixarPassaPelasConferenciasEAsRecusasDeDesbaixarEEnviar)
 {
+    Contexto::Atual().modoDebug = 80;
+    Preparar({.compra = 99, .baixado = true, .itens = {}});
+    EXPECT_FALSE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, TDataSetState::Edit));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
+              QStringLiteral("modo debug 80;DesbaixarAct;inicio\r\nItemState<>dsBrowse"));
+    dialogos.Limpar();
+    EXPECT_FALSE(acoes.NotaExportActExecute(repD.NotaAtual(), B, B));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
+              QStringLiteral("modo debug 80;NotaExportAct;inicio\r\nDESTIN_EMPR_COD<1"));
+
+    Contexto::Atual().modoDebug = 0;
+    dialogos.Limpar();
+    Preparar({.compra = 21, .baixado = true, .itens = {}});
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), true));
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    Preparar({.compra = 22, .itens = {}});
+    bool perguntou = false;
+    acoes.SetDocAceito([&perguntou] { perguntou = true; return false; });
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_TRUE(perguntou);
+
+    // The totals gate: the header's product total no longer matches the items'.
+    acoes.SetDocAceito([] { return true; });
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=26 where compra_cod=22")), QString());
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
+              QStringLiteral("O total de produtos deve ser igual ao total dos itens. A nota não pode ser baixada"));
+    EXPECT_EQ(Valor("select count(*) from est_mov"), QLatin1String("0"));
+    dialogos.Limpar();
+
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=25 where compra_cod=22")), QString());
+    EXPECT_TRUE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(Valor("select baixado from compra where compra_cod=22") + Saldo(db, 1, 2), QLatin1String("S5"));
+
+    // Each refusal asks nothing, sends nothing, and shows its message or, for a state the screen
+    // never offers, nothing at all.
     using enum TDataSetState;
     using enum TipoMensagem;
     const auto nota = [](bool baixado, bool cancelado, int empr = 1, int destin = 2) {
@@ -70,10 +107,6 @@ TEST_F(AcoesNota, RecusasDeDesbaixarEEnviar)
         Preparar(n);
         if (c.listaVazia)
             repD.Notas().EmptyDataSet();
-        ASSERT_EQ(db.exec(QStringLiteral("insert into est_mov (empr_cod, estacao_cod, est_mov_cod, tipo, prod_cod, qtd) "
-                                         "values (%1, 10, %2, 'E', 2, 5)").arg(n.empr).arg(compra))
-                      + db.exec(QStringLiteral("insert into compra_est_mov values (%1, 1, %2, %1, 10, %2)").arg(n.empr).arg(compra)),
-                  QString());
         dialogos.Limpar();
         RegistroSql registro;
         EXPECT_FALSE(c.desbaixar ? acoes.DesbaixarActExecute(repD.NotaAtual(), c.cabec, c.item)
@@ -85,45 +118,6 @@ TEST_F(AcoesNota, RecusasDeDesbaixarEEnviar)
             EXPECT_TRUE(dialogos.Mensagens().isEmpty());
         EXPECT_TRUE(RegistroSql::Sql().isEmpty()) << RegistroSql::Sql().join('\n').toStdString();
     }
-}
-
-TEST_F(AcoesNota, RastroNivel80EBaixarPassaPelasConferenciasAntesDeGravar)
-{
-    Contexto::Atual().modoDebug = 80;
-    Preparar({.compra = 99, .baixado = true, .itens = {}});
-    EXPECT_FALSE(acoes.DesbaixarActExecute(repD.NotaAtual(), B, TDataSetState::Edit));
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
-              QStringLiteral("modo debug 80;DesbaixarAct;inicio\r\nItemState<>dsBrowse"));
-    dialogos.Limpar();
-    EXPECT_FALSE(acoes.NotaExportActExecute(repD.NotaAtual(), B, B));
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Simples),
-              QStringLiteral("modo debug 80;NotaExportAct;inicio\r\nDESTIN_EMPR_COD<1"));
-
-    Contexto::Atual().modoDebug = 0;
-    dialogos.Limpar();
-    Preparar({.baixado = true, .itens = {}});
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), true));
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-
-    Preparar({.compra = 2, .itens = {}});
-    bool perguntou = false;
-    acoes.SetDocAceito([&perguntou] { perguntou = true; return false; });
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_TRUE(perguntou);
-
-    // The totals gate: the header's product total no longer matches the items'.
-    acoes.SetDocAceito([] { return true; });
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=26 where compra_cod=2")), QString());
-    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
-              QStringLiteral("O total de produtos deve ser igual ao total dos itens. A nota não pode ser baixada"));
-    EXPECT_EQ(Valor("select count(*) from est_mov"), QLatin1String("0"));
-    dialogos.Limpar();
-
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set tot_prods=25 where compra_cod=2")), QString());
-    EXPECT_TRUE(acoes.BaixouNota(repD.NotaAtual(), false));
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    EXPECT_EQ(Valor("select baixado from compra where compra_cod=2") + Saldo(db, 1, 2), QLatin1String("S5"));
 }
 
 } // namespace
