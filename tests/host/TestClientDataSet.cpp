@@ -3,12 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QDateTime>
 #include <QSignalSpy>
 
 #include <array>
-#include <limits>
-#include <stdexcept>
 
 namespace {
 

@@ -1,5 +1,4 @@
 #include "Money.h"
-#include "TClientDataSet.h"
 #include "TClientManager.h"
 #include "TGradeDataSet.h"
 
@@ -7,9 +6,8 @@
 
 #include <QAbstractItemModelTester>
 #include <QHeaderView>
-#include <QScopeGuard>
-#include <QSignalSpy>
 #include <QTableView>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <functional>

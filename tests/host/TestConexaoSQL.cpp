@@ -1,5 +1,4 @@
 #include "TConexD.h"
-#include "TConexaoSQL.h"
 #include "TestDatabase.h"
 #include "Valores.h"
 

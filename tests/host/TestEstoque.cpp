@@ -1,7 +1,4 @@
-#include "Contexto.h"
 #include "NotasTeste.h"
-#include "TConexaoSQL.h"
-#include "TestDatabase.h"
 #include "UEstoque.h"
 #include "UProduto.h"
 

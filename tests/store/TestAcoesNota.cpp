@@ -2,10 +2,7 @@
 #include "DialogosTeste.h"
 #include "NotasTeste.h"
 #include "TAcoesNota.h"
-#include "TClientDataSet.h"
 #include "TRepD.h"
-#include "TestDatabase.h"
-#include "UTipoDoc.h"
 
 #include <gtest/gtest.h>
 

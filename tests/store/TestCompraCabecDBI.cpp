@@ -1,7 +1,6 @@
 #include "TCompraCabecDBI.h"
 #include "TestDatabase.h"
 #include "UTipoDoc.h"
-#include "Valores.h"
 
 #include <gtest/gtest.h>
 
