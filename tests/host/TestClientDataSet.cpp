@@ -16,8 +16,7 @@ protected:
     {
         ds.AddField("COD", TFieldType::Integer, "Código"); ds.AddField("NOME", TFieldType::String, "Pessoa");
         ds.AddField("TOT", TFieldType::Money, "Total", "######0.00"); ds.AddField("QTD", TFieldType::Float);
-        ds.AddField("DT", TFieldType::Date, "Data", "dd/mm/yy");
-        ds.AddField("DTH", TFieldType::DateTime, "Criado em", "dd/mm/yy hh:nn");
+        ds.AddField("DT", TFieldType::Date, "Data", "dd/mm/yy"); ds.AddField("DTH", TFieldType::DateTime, "Criado em", "dd/mm/yy hh:nn");
         ds.AddField("BAIXADO", TFieldType::Boolean); ds.AddField("EMPR", TFieldType::Integer, "Empresa", "000");
         ds.Open();
     }
@@ -188,8 +187,7 @@ TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstComparesMoneyB
     ds.SortBy("NOME", Qt::DescendingOrder);
     EXPECT_EQ(Codes(), (QList<int>{6, 5, 8, 1, 7, 2, 4, 3}));
     ds.SortBy("cod", Qt::DescendingOrder);
-    EXPECT_EQ(Codes(), (QList<int>{8, 7, 6, 5, 4, 3, 2, 1}));
-    EXPECT_EQ(ds.SortField(), "COD");
+    EXPECT_TRUE(Codes() == (QList<int>{8, 7, 6, 5, 4, 3, 2, 1}) && ds.SortField() == "COD") << "by name, any case";
 
     ds.EmptyDataSet();
     for (int i = 0; i < 50; ++i)
