@@ -32,7 +32,7 @@ protected:
     QLineEdit *other = new QLineEdit(&window);
 };
 
-TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberAndPastedTextIsReadTheBrazilianWay)
+TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberPastingReadsTheBrazilianWayAndLeavingFixesThePlaces)
 {
     const struct { const char *name; int decimals; bool negative; QString keys; QString shown; double value; } cases[] = {
         {"letters ignored", 2, false, "12a,5", "12,5", 12.5}, {"minus refused", 2, false, "-7", "7", 7},
@@ -42,15 +42,13 @@ TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberAndPastedTextIsReadTheBrazi
     };
     for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        edit->SetDecimals(c.decimals);
-        edit->SetAcceptNegative(c.negative);
+        edit->SetDecimals(c.decimals); edit->SetAcceptNegative(c.negative);
         Type(c.keys);
         EXPECT_EQ(edit->text(), c.shown);
         EXPECT_DOUBLE_EQ(edit->Value(), c.value);
     }
 
-    edit->SetDecimals(2);
-    edit->SetAcceptNegative(false);
+    edit->SetDecimals(2); edit->SetAcceptNegative(false);
     Paste("1.234,56");
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(12345600));
     edit->SetValue(0);
@@ -58,11 +56,8 @@ TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberAndPastedTextIsReadTheBrazi
         Paste(foreign);
         EXPECT_EQ(edit->text(), "0,00") << foreign.toStdString() << " must be refused";
     }
-}
 
-
-TEST_F(NumEditBRTest, FixedPlacesWhenLeavingOrOnEnterAndTheKeypadPeriodIsTheComma)
-{
+    // Fixed places when leaving or on Enter; the keypad period types the decimal comma.
     const struct { const char *keys; bool enter; QString typed, fixed; } rows[] = {
         {"12,5", false, "12,5", "12,50"}, {"\b", false, "", "0,00"}, {"3,", true, "3,", "3,00"}, {"1.234", false, "1.234", "1234,00"},
     };
@@ -79,7 +74,9 @@ TEST_F(NumEditBRTest, FixedPlacesWhenLeavingOrOnEnterAndTheKeypadPeriodIsTheComm
     EXPECT_TRUE(edit->text() == "3,5" && edit->Value() == 3.5) << edit->text().toStdString();
 }
 
-TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenAlsoWhenThePlacesChange)
+
+
+TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheReadOnlyLookRefusesTypingAndTab)
 {
     const struct { int decimals; double value; QString shown; } cases[] = {
         {2, 2.675, "2,68"}, {2, 2.665, "2,66"}, {2, 1234.5, "1234,50"}, {2, -0.004, "0,00"},
@@ -99,10 +96,8 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenAlsoWhenThePlacesChange)
     const QString threePlaces = edit->text();
     edit->SetDecimals(0);
     EXPECT_EQ(threePlaces + '|' + edit->text(), "1,500|2") << "changing the places reshows the value";
-}
 
-TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChangesAndTheReadOnlyLookRefusesTypingAndTab)
-{
+    edit->SetDecimals(2);
     QSignalSpy changes(edit, &TNumEditBR::ValueChanged);
     Type("12,5");   // 1, 12, "12," is still 12, 12.5
     ASSERT_EQ(changes.count(), 3);
@@ -121,6 +116,7 @@ TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChangesAndTheReadOnlyLookRefus
     edit->SetReadOnlyLook(false);
     EXPECT_TRUE(!edit->isReadOnly() && (edit->focusPolicy() & Qt::TabFocus) && edit->palette().color(QPalette::Base) == normal);
 }
+
 
 
 } // namespace

@@ -6,8 +6,6 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include <ostream>
-
 inline void PrintTo(const QString &texto, std::ostream *os) { *os << '"' << texto.toStdString() << '"'; }
 
 namespace verifica {
@@ -29,8 +27,7 @@ inline bool Folha(const QWidget *w)
 
 inline void Percorrer(QWidget *pai, QStringList &falhas)
 {
-    if (Folha(pai))
-        return;
+    if (Folha(pai)) return;
     if (auto *abas = qobject_cast<QTabWidget *>(pai)) {
         if (!abas->currentWidget()->parentWidget()->rect().contains(abas->currentWidget()->geometry()))
             falhas << Nome(abas->currentWidget()) + QStringLiteral(" sai da área das abas");
@@ -52,7 +49,7 @@ inline void Percorrer(QWidget *pai, QStringList &falhas)
 // their text and fields squeezed below their minimum.
 inline QStringList Defeitos(QWidget *raiz)
 {
-    QStringList falhas;
+    QStringList falhas;   // filled by the walk first
     Percorrer(raiz, falhas);
     for (QWidget *w : raiz->findChildren<QWidget *>()) {
         const QSize minimo = qobject_cast<QLabel *>(w) ? w->sizeHint() : w->minimumSizeHint();
@@ -123,10 +120,7 @@ inline QStringList OrdemTab(QWidget *raiz, const QList<QWidget *> &caminho)
     QStringList ordem;
     for (int i = 0; i < caminho.size(); ++i) {
         QWidget *a = i ? caminho[i - 1] : nullptr, *b = caminho[i];
-        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) {
-            ordem << Bloco(raiz, b)->objectName();
-            continue;
-        }
+        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) { ordem << Bloco(raiz, b)->objectName(); continue; }
         const QRect ra(a->mapTo(raiz, QPoint()), a->size()), rb(b->mapTo(raiz, QPoint()), b->size());
         const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
         if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())

@@ -31,28 +31,19 @@ protected:
     {
         ASSERT_EQ(db.exec(QStringLiteral("delete from compra")) + db.exec(QStringLiteral("delete from compra_item_tmp")), QString());
         ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, tot_prods, tot) "
-                                         "values (1, 3, 7, %1, %2, %2)").arg(TipoDoc::SqlDoCodigo(tipo), QLatin1String(totProds))),
-                  QString());
+                                         "values (1, 3, 7, %1, %2, %2)").arg(TipoDoc::SqlDoCodigo(tipo), QLatin1String(totProds))), QString());
         for (int i = 0; i < itens.size(); ++i) {
             const QStringList v = (itens[i] + QStringLiteral("/0/1/1")).split('/');
             ASSERT_EQ(db.exec(QStringLiteral("insert into compra_item_tmp (empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, "
                                              "custo_tot, frete, emb_qtd, qtd_embs) values (1, 10, 7, %1, %2, %3, %4, %5)")
-                                  .arg(i + 1).arg(v[0], v[1], v[2], v[3])),
-                      QString());
+                                  .arg(i + 1).arg(v[0], v[1], v[2], v[3])), QString());
         }
-        antes = Cabecalho();
-        dialogos.Limpar();
-        RegistroSql::Limpar();
+        antes = Cabecalho(); dialogos.Limpar(); RegistroSql::Limpar();
     }
     QString Cabecalho() { return db.valor(QStringLiteral("select tot_prods || '|' || tot from compra where compra_cod=7")); }
-    QStringList Mensagens()
-    {
-        QStringList l;
-        for (const auto &m : dialogos.Mensagens())
-            l << QString::number(int(m.tipo)) + ' ' + m.texto;
-        return l;
-    }
+    // The messages shown, each as its kind and text.
     static QStringList Msg(TipoMensagem tipo, const QString &texto) { return {QString::number(int(tipo)) + ' ' + texto}; }
+    QStringList Mensagens() { QStringList l; for (const auto &m : dialogos.Mensagens()) l << Msg(m.tipo, m.texto); return l; }
 
     TestDatabase db{TestDatabase::Conteudo::FixtureBase};
     QString antes;   // the header before the gate
