@@ -144,38 +144,10 @@ TEST_F(ClientDataSetTest, ConversionsAreForgivingAndDisplayTextUsesTheDisplayFor
     EXPECT_EQ(ds.FieldByName("BAIXADO").DisplayText(), "Aberto");
 }
 
-TEST_F(ClientDataSetTest, LocateMatchesIgnoringCaseOrByPrefixAndBookmarksSurviveSortingAndOtherRowsGoing)
-{
-    AddRow(1, "Casa Alfa"); AddRow(2, "casa beta"); AddRow(3, "Casa Beta");
-    using enum TLocateOption;
-    const struct { const char *fields; QVariant values; TLocateOptions options; int found; } rows[] = {
-        {"NOME", "Casa Beta", {}, 3}, {"nome", "CASA BETA", CaseInsensitive, 2}, {"NOME", "Casa", PartialKey, 1},
-        {"NOME;COD", QVariantList{"casa b", "3"}, CaseInsensitive | PartialKey, 3},
-        {"NOME", "casa", {}, 0}, {"NOME;COD", QVariantList{"Casa Alfa", 2}, {}, 0},   // a miss leaves the cursor
-    };
-    for (const auto &row : rows) {
-        EXPECT_EQ(ds.Locate(row.fields, row.values, row.options), row.found != 0) << row.fields;
-        EXPECT_EQ(Cod(), row.found ? row.found : 3) << row.fields;
-    }
-
-    ds.EmptyDataSet();
-    for (int i = 1; i <= 5; ++i)
-        AddRow(i, QString("n%1").arg(6 - i));
-    ds.SetRecNo(2); const TBookmark two = ds.GetBookmark();
-    ds.SetRecNo(4); const TBookmark four = ds.GetBookmark();
-    ds.SortBy("NOME"); ds.First(); ds.Delete(); ds.Insert(); ds.Post();   // sorted, cod 5 gone, one more
-    ASSERT_TRUE(ds.GotoBookmark(two));
-    EXPECT_EQ(Cod(), 2);
-    ASSERT_TRUE(ds.GotoBookmark(four));
-    ds.Delete(); ds.First();
-    EXPECT_FALSE(ds.BookmarkValid(four) || ds.GotoBookmark(four));
-    EXPECT_EQ(ds.RecNo(), 1) << "a dead bookmark does not move the cursor";
-    EXPECT_TRUE(ds.GotoBookmark(two));
-}
 
 
 // Short lists hide an unstable sort, which often orders small ranges by insertion; hence the 50 rows.
-TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstComparesMoneyByValueAndScrollsOnlyWhenTheRowChanges)
+TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
 {
     const QVariant names[] = {"beta", "Alfa", QVariant(), "alfa", "Édson", "Zeca", "BETA", "Dora"};
     for (int i = 0; i < 8; ++i)
@@ -229,6 +201,34 @@ TEST_F(ClientDataSetTest, SortIsStableKeepsTheCursorPutsNullsFirstComparesMoneyB
               std::tuple(0, 1, 1));
     ds.EnableControls();   // unbalanced: ignored
     EXPECT_EQ(resets.count(), 1);
+
+    // Locate matches by several fields, ignoring case or by prefix; bookmarks survive sorting and other rows going.
+    ds.EmptyDataSet();
+    AddRow(1, "Casa Alfa"); AddRow(2, "casa beta"); AddRow(3, "Casa Beta");
+    using enum TLocateOption;
+    const struct { const char *fields; QVariant values; TLocateOptions options; int found; } rows[] = {
+        {"NOME", "Casa Beta", {}, 3}, {"nome", "CASA BETA", CaseInsensitive, 2}, {"NOME", "Casa", PartialKey, 1},
+        {"NOME;COD", QVariantList{"casa b", "3"}, CaseInsensitive | PartialKey, 3},
+        {"NOME", "casa", {}, 0}, {"NOME;COD", QVariantList{"Casa Alfa", 2}, {}, 0},   // a miss leaves the cursor
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(ds.Locate(row.fields, row.values, row.options), row.found != 0) << row.fields;
+        EXPECT_EQ(Cod(), row.found ? row.found : 3) << row.fields;
+    }
+
+    ds.EmptyDataSet();
+    for (int i = 1; i <= 5; ++i)
+        AddRow(i, QString("n%1").arg(6 - i));
+    ds.SetRecNo(2); const TBookmark two = ds.GetBookmark();
+    ds.SetRecNo(4); const TBookmark four = ds.GetBookmark();
+    ds.SortBy("NOME"); ds.First(); ds.Delete(); ds.Insert(); ds.Post();   // sorted, cod 5 gone, one more
+    ASSERT_TRUE(ds.GotoBookmark(two));
+    EXPECT_EQ(Cod(), 2);
+    ASSERT_TRUE(ds.GotoBookmark(four));
+    ds.Delete(); ds.First();
+    EXPECT_FALSE(ds.BookmarkValid(four) || ds.GotoBookmark(four));
+    EXPECT_EQ(ds.RecNo(), 1) << "a dead bookmark does not move the cursor";
+    EXPECT_TRUE(ds.GotoBookmark(two));
 }
 
 

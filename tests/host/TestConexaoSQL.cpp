@@ -15,7 +15,7 @@ protected:
     TestDatabase db{TestDatabase::Conteudo::SoEsquema};
 };
 
-TEST_F(ConexaoSQL, NestedCallsAreCountedAndPairsReuseOneAttachment)
+TEST_F(ConexaoSQL, NestedCallsShareAnAttachmentTextsTakeEffectAsTheyRunAndColumnsArriveExactly)
 {
     TConexaoSQL a(db.banco()), b(db.banco());
     ASSERT_TRUE(a.Conectar() && a.Conectar()) << a.UltimoErro().toStdString();
@@ -33,12 +33,9 @@ TEST_F(ConexaoSQL, NestedCallsAreCountedAndPairsReuseOneAttachment)
         ASSERT_EQ(TConexaoSQL(db.banco()).ValorInt(QStringLiteral("select 1 from RDB$DATABASE")), 1);
     }
     EXPECT_EQ(TConexaoSQL::AnexacoesAbertas(), antes);
-}
 
-// Written on one connection and read on another: each statement commits as it runs, and quoted
-// texts arrive intact.
-TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRunAndColumnsArriveExactly)
-{
+    // Written on one connection and read on another: each statement commits as it runs, and quoted
+    // texts arrive intact.
     TConexaoSQL escreve(db.banco()), le(db.banco());
     ASSERT_TRUE(escreve.Conectar() && le.Conectar());
     const QStringList textos = {QStringLiteral("D'Ávila & Cia; Ltda"), QStringLiteral("''"),
@@ -74,6 +71,7 @@ TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRunAndColumnsArriveExactly)
     EXPECT_EQ(QStringList({c->Fields(0).AsString(), c->Fields(2).AsString(), c->Fields(3).AsString()}),
               (QStringList{"\"", "N", " 1 "}));
 }
+
 
 
 TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)

@@ -73,8 +73,46 @@ TEST_F(EdNotaPanel, TabWalksEveryFieldOfEachTabInTheOrderItIsSeenThenReachesTheB
     EXPECT_EQ(QApplication::focusWidget(), m_painel.NotaCancButton());
 }
 
-TEST_F(EdNotaPanel, TypingKeepsOnlyWhatTheFieldAcceptsAndAcceleratorsAreUniqueOnEachTabAndReachTheirField)
+
+
+// Every tab fits without overlap or cut; the largest value a clerk will type, the longest list
+// entry, the buttons, dates and freight choices show as the clerk expects.
+TEST_F(EdNotaPanel, FitsShowsValuesWholeKeepsWhatTheFieldAcceptsAndHasUniqueAccelerators)
 {
+    EXPECT_TRUE(m_painel.minimumSizeHint().width() <= 1340 && m_painel.minimumSizeHint().height() <= 260);
+    for (int aba = 0; aba < m_painel.Abas()->count(); ++aba) {
+        m_painel.Abas()->setCurrentIndex(aba);
+        QApplication::processEvents();
+        SCOPED_TRACE(aba);
+        ASSERT_TRUE(m_painel.Abas()->currentWidget()->isVisible());
+        EXPECT_EQ(verifica::Defeitos(&m_painel), QStringList());
+    }
+    EXPECT_EQ(verifica::CortaValores({{m_painel.NDocNumEditBR(), "999999999"}, {m_painel.SerieNumEditBR(), "99999"},
+                  {m_painel.TotProdNumEditBR(), "99999999,99"}, {m_painel.TotNumEditBR(), "99999999,99"},
+                  {m_painel.FreteVolsQtdNumEditBR(), "999999,999"}, {m_painel.FreteVeiPlacaLabeledEdit(), "WWW9W99"},
+                  {m_painel.FreteVeiUFLabeledEdit(), "MG"},
+                  {m_painel.NFEChaveRef2LabeledEdit(), "35240412345678000190550010000012341000012345"}}),
+              QStringList());
+    EXPECT_EQ(m_painel.objectName() + m_painel.NotaOkButton()->text() + m_painel.NotaCancButton()->text(),
+              QStringLiteral("EdNotaPanel&Gravar&Cancelar"));
+    m_painel.DtDocDtFr()->setDate(QDate(2024, 3, 5)); m_painel.DtSaiDtFr()->setDate(QDate(2024, 3, 6));
+    EXPECT_TRUE(m_painel.DtDocDtFr()->calendarPopup() && m_painel.DtSaiDtFr()->calendarPopup());
+    EXPECT_EQ(m_painel.DtDocDtFr()->text() + ' ' + m_painel.DtSaiDtFr()->text(), QStringLiteral("05/03/2024 06/03/2024"));
+    EXPECT_TRUE(!m_painel.TipoDocComboBox()->isEditable() && m_painel.TipoDocComboBox()->maxVisibleItems() == 16);
+    // The freight choices, after the longest document types, each shown whole.
+    m_painel.TipoDocComboBox()->addItems({"ENTRADA", "RETORNO DE LOCACAO", "RETORNO DE COMODATO"});
+    QStringList itens, cortados;
+    for (QComboBox *combo : {m_painel.TipoDocComboBox(), m_painel.FreteModalidadeComboBox()}) {
+        verifica::MostrarAbaDe(combo);
+        for (int i = 0; i < combo->count(); ++i)
+            if (itens << combo->itemText(i); combo->fontMetrics().horizontalAdvance(itens.last()) + 30 > combo->width())
+                cortados << itens.last();
+    }
+    EXPECT_EQ(cortados, QStringList());
+    EXPECT_EQ(itens, (QStringList{"ENTRADA", "RETORNO DE LOCACAO", "RETORNO DE COMODATO", "<NAO INDICADO>", "EMITENTE",
+                                  "DESTINATARIO/REMETENTE", "TERCEIROS", "SEM FRETE"}));
+
+    // Typing keeps only what the field accepts.
     const struct { const char *caso, *campo, *teclas, *esperado; } linhas[] = {
         {"HourSkipsItsColon", "HSaiMaskEdit", "14h30", "14:30"}, {"PlateStopsAtSeven", "FreteVeiPlacaLabeledEdit", "abc1d234", "ABC1D23"},
         {"PlateUpperCasesAndDropsTheDash", "FreteVeiPlacaLabeledEdit", "abc-1d", "ABC1D"},
@@ -120,45 +158,6 @@ TEST_F(EdNotaPanel, TypingKeepsOnlyWhatTheFieldAcceptsAndAcceleratorsAreUniqueOn
     }
     QTest::keyClick(&m_painel, Qt::Key_T, Qt::AltModifier);
     EXPECT_EQ(m_painel.Abas()->currentIndex(), int(TEdNotaPanel::AbaTransporte));
-}
-
-
-// Every tab fits without overlap or cut; the largest value a clerk will type, the longest list
-// entry, the buttons, dates and freight choices show as the clerk expects.
-TEST_F(EdNotaPanel, FitsItsPlaceAndShowsLargeValuesWhole)
-{
-    EXPECT_TRUE(m_painel.minimumSizeHint().width() <= 1340 && m_painel.minimumSizeHint().height() <= 260);
-    for (int aba = 0; aba < m_painel.Abas()->count(); ++aba) {
-        m_painel.Abas()->setCurrentIndex(aba);
-        QApplication::processEvents();
-        SCOPED_TRACE(aba);
-        ASSERT_TRUE(m_painel.Abas()->currentWidget()->isVisible());
-        EXPECT_EQ(verifica::Defeitos(&m_painel), QStringList());
-    }
-    EXPECT_EQ(verifica::CortaValores({{m_painel.NDocNumEditBR(), "999999999"}, {m_painel.SerieNumEditBR(), "99999"},
-                  {m_painel.TotProdNumEditBR(), "99999999,99"}, {m_painel.TotNumEditBR(), "99999999,99"},
-                  {m_painel.FreteVolsQtdNumEditBR(), "999999,999"}, {m_painel.FreteVeiPlacaLabeledEdit(), "WWW9W99"},
-                  {m_painel.FreteVeiUFLabeledEdit(), "MG"},
-                  {m_painel.NFEChaveRef2LabeledEdit(), "35240412345678000190550010000012341000012345"}}),
-              QStringList());
-    EXPECT_EQ(m_painel.objectName() + m_painel.NotaOkButton()->text() + m_painel.NotaCancButton()->text(),
-              QStringLiteral("EdNotaPanel&Gravar&Cancelar"));
-    m_painel.DtDocDtFr()->setDate(QDate(2024, 3, 5)); m_painel.DtSaiDtFr()->setDate(QDate(2024, 3, 6));
-    EXPECT_TRUE(m_painel.DtDocDtFr()->calendarPopup() && m_painel.DtSaiDtFr()->calendarPopup());
-    EXPECT_EQ(m_painel.DtDocDtFr()->text() + ' ' + m_painel.DtSaiDtFr()->text(), QStringLiteral("05/03/2024 06/03/2024"));
-    EXPECT_TRUE(!m_painel.TipoDocComboBox()->isEditable() && m_painel.TipoDocComboBox()->maxVisibleItems() == 16);
-    // The freight choices, after the longest document types, each shown whole.
-    m_painel.TipoDocComboBox()->addItems({"ENTRADA", "RETORNO DE LOCACAO", "RETORNO DE COMODATO"});
-    QStringList itens, cortados;
-    for (QComboBox *combo : {m_painel.TipoDocComboBox(), m_painel.FreteModalidadeComboBox()}) {
-        verifica::MostrarAbaDe(combo);
-        for (int i = 0; i < combo->count(); ++i)
-            if (itens << combo->itemText(i); combo->fontMetrics().horizontalAdvance(itens.last()) + 30 > combo->width())
-                cortados << itens.last();
-    }
-    EXPECT_EQ(cortados, QStringList());
-    EXPECT_EQ(itens, (QStringList{"ENTRADA", "RETORNO DE LOCACAO", "RETORNO DE COMODATO", "<NAO INDICADO>", "EMITENTE",
-                                  "DESTINATARIO/REMETENTE", "TERCEIROS", "SEM FRETE"}));
 }
 
 } // namespace

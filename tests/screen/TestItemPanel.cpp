@@ -80,7 +80,7 @@ TEST_F(ItemPanel, TabWalksEveryTypedFieldLineByLineAndSkipsTheComputedOnes)
     EXPECT_TRUE(m_painel.ProdPanel()->isAncestorOf(m_painel.findChild<QTableView *>(QStringLiteral("ProdDBGrid"))));
 }
 
-TEST_F(ItemPanel, NCMTakesEightDigitsWithItsDotsAndTheProductListDropsDownRightBelowTheSearch)
+TEST_F(ItemPanel, NCMProductListAndFitsItsPlaceAlsoWithPriceTablesAndGrades)
 {
     QLineEdit *ncm = m_painel.NCMMaskEdit();
     const auto digitar = [ncm](const char *teclas) {
@@ -99,11 +99,9 @@ TEST_F(ItemPanel, NCMTakesEightDigitsWithItsDotsAndTheProductListDropsDownRightB
     EXPECT_GE(lista->height(), 150) << "room for several products";
     QWidget *atingido = m_painel.childAt(lista->geometry().center());
     EXPECT_TRUE(lista->isAncestorOf(atingido)) << "hidden under " << verifica::Nome(atingido).toStdString();
-}
 
-// Empty, and as the screen builds it for the demo store: two further price tables, three grades.
-TEST_F(ItemPanel, FitsItsPlaceAlsoWithPriceTablesAndGradesAndShowsLargeValuesWhole)
-{
+    // Empty, and as the screen builds it for the demo store: two further price tables, three grades.
+    m_painel.EsconderProdPanel();
     auto confere = [this](const char *quando) {
         SCOPED_TRACE(quando);
         EXPECT_TRUE(m_painel.minimumSizeHint().width() <= 1340 && m_painel.minimumSizeHint().height() <= 300);
@@ -134,6 +132,7 @@ TEST_F(ItemPanel, FitsItsPlaceAlsoWithPriceTablesAndGradesAndShowsLargeValuesWho
                   {m_painel.TribIcmsvICMSSubstituto_NumEditBR(), "999999,99"}, {m_painel.PrecoNumEditBR(), "9999999,99"}}),
               QStringList());
 }
+
 
 
 // A large note: products and total in the millions, the others in the hundreds of thousands, each

@@ -32,7 +32,7 @@ protected:
     TestDatabase db;
 };
 
-TEST_F(NotaCabec, InsertThenReadGivesBackEveryFieldAsTyped)
+TEST_F(NotaCabec, InsertReadsBackAsTypedUpdateChangesOnlyWhatItNamesAndTheNumberIsUniquePerType)
 {
     const TCompraCabecDBI typed = cabecCompleto();
     ASSERT_EQ(db.exec(typed.SqlInsert(QStringLiteral("fisco 'a'"), QStringLiteral("contribuinte; b"))), QString());
@@ -55,10 +55,9 @@ TEST_F(NotaCabec, InsertThenReadGivesBackEveryFieldAsTyped)
     };
     EXPECT_EQ(campos(*lida), campos(typed));
     EXPECT_EQ(db.valor(QStringLiteral("select inf_adic_fisco || '|' || baixado from compra")), QStringLiteral("fisco 'a'|N"));
-}
 
-TEST_F(NotaCabec, InsertListsOneColumnALineAndCommentsEveryValue)
-{
+    // The insert lists one column a line and comments every value.
+    ASSERT_EQ(db.exec(QStringLiteral("delete from compra")), QString());
     TCompraCabecDBI n = cabecCompleto();
     n.fornecCod = 0;
     const QString sql = n.SqlInsert(QString(), QString());
@@ -71,10 +70,8 @@ TEST_F(NotaCabec, InsertListsOneColumnALineAndCommentsEveryValue)
                            ",NULL --fornec_cod", ",100 --tot prods", ");"}));
     ASSERT_EQ(db.exec(sql), QString());
     EXPECT_EQ(db.valor(QStringLiteral("select count(*) from compra where fornec_cod is null")), QStringLiteral("1"));
-}
 
-TEST_F(NotaCabec, UpdateChangesOnlyWhatItNamesAndTheNumberIsUniqueAmongNotesOfTheSameTypeOrOfNone)
-{
+    ASSERT_EQ(db.exec(QStringLiteral("delete from compra")), QString());
     TCompraCabecDBI alterada = cabecCompleto();
     ASSERT_EQ(db.exec(alterada.SqlInsert(QStringLiteral("F"), QStringLiteral("C"))), QString());
     ASSERT_EQ(db.exec(QStringLiteral("update compra set baixado='S', arq_xml='<x/>'")), QString());
@@ -101,6 +98,8 @@ TEST_F(NotaCabec, UpdateChangesOnlyWhatItNamesAndTheNumberIsUniqueAmongNotesOfTh
         EXPECT_EQ(db.conexao().ValorInt(nova.SqlNumeroUnico()), 0) << "the note itself, when altered, is no duplicate";
     }
 }
+
+
 
 
 TEST(NotaCabecTotal, AddsIPIOnlyWhenTheStoreAddsItAndRoundsHalfToEven)
