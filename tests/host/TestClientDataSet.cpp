@@ -34,7 +34,7 @@ protected:
     TClientDataSet ds;
 };
 
-TEST_F(ClientDataSetTest, StatesMoveThroughEditsPendingChangesPostOrCancelAndMisuseThrows)
+TEST_F(ClientDataSetTest, StatesMisuseConversionsAndDisplayFormats)
 {
     QSignalSpy states(&ds, &TClientDataSet::StateChanged);
     ds.Append(); SetNome("ACME"); ds.Post();
@@ -95,11 +95,9 @@ TEST_F(ClientDataSetTest, StatesMoveThroughEditsPendingChangesPostOrCancelAndMis
     EXPECT_THROW(ds.AddField("NOVO", TFieldType::String), std::logic_error) << "fields fixed once open";
     ds.Close();
     EXPECT_TRUE(ds.RecordCount() == 0 && ds.FieldByName("NOME").IsNull());
-}
 
-
-TEST_F(ClientDataSetTest, ConversionsAreForgivingAndDisplayTextUsesTheDisplayFormat)
-{
+    // Conversions are forgiving and the display text uses the display format.
+    ds.Open();
     const struct { const char *field; QVariant stored; QString text; int asInt; double asFloat; bool asBool; } rows[] = {
         {"NOME", QString("junk"), "junk", 0, 0.0, false}, {"NOME", QString("S"), "S", 0, 0.0, true},
         {"NOME", QString("1234.5"), "1234.5", 1234, 1234.5, true},     // SQL-style text
@@ -143,6 +141,8 @@ TEST_F(ClientDataSetTest, ConversionsAreForgivingAndDisplayTextUsesTheDisplayFor
     ds.FieldByName("BAIXADO").SetDisplayFormat("Baixado;Aberto");
     EXPECT_EQ(ds.FieldByName("BAIXADO").DisplayText(), "Aberto");
 }
+
+
 
 
 

@@ -103,7 +103,7 @@ TEST_F(ClientManagerTest, StaysConsistentThroughEveryDataSetOperation)
     EXPECT_EQ(g_modelFailures.join('\n').toStdString(), "");
 }
 
-TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
+TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOtherTitlesSortAndColumnsKeepTheirWidthsThroughAReload)
 {
     for (int i = 1; i <= 5; ++i)
         AddRow(i, QString("n%1").arg(i));
@@ -132,12 +132,9 @@ TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOther)
     ds.Last(); ds.Delete();
     EXPECT_EQ(ViewRow(), 2);
     EXPECT_EQ(ds.FieldByName("NOME").AsString(), "n4");
-}
 
-TEST_F(ClientManagerTest, TitlesSortAndColumnsKeepTheirWidthsThroughAReload)
-{
+    ds.EmptyDataSet();
     AddRow(1, "Carlos", 30000); AddRow(2, "ana", 10000); AddRow(3, "Bruno", 20000);
-    ShowView();
     // Visible fields only, titled by their captions; money to the right.
     EXPECT_EQ(Column(-1), (QStringList{"Cód.", "Pessoa", "Total"}));
     EXPECT_EQ(model.index(0, 2).data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask, Qt::AlignRight);
@@ -167,5 +164,6 @@ TEST_F(ClientManagerTest, TitlesSortAndColumnsKeepTheirWidthsThroughAReload)
     ds.FieldByName("NOME").SetDisplayWidth(3);
     EXPECT_LT(view.columnWidth(1), nomeWidth) << "a changed display width resizes its column";
 }
+
 
 } // namespace
