@@ -43,16 +43,14 @@ TEST_F(ClientDataSetTest, StatesMisuseConversionsAndDisplayFormats)
     ds.Delete();
     EXPECT_TRUE(ds.IsEmpty() && ds.RecNo() == 0);
     QList<TDataSetState> seen;
-    for (const QList<QVariant> &signal : states)
-        seen << signal[0].value<TDataSetState>();
+    for (const QList<QVariant> &signal : states) seen << signal[0].value<TDataSetState>();
     using enum TDataSetState;
     EXPECT_EQ(seen, (QList<TDataSetState>{Insert, Browse, Edit, Browse}));
     ds.Edit();
     EXPECT_EQ(ds.State(), Insert) << "Edit on an empty dataset appends";
     ds.Cancel();
 
-    for (int cod : {1, 2, 3})
-        AddRow(cod, "A");
+    for (int cod : {1, 2, 3}) AddRow(cod, "A");
     ds.SetRecNo(2); ds.Insert();
     EXPECT_EQ(ds.RecNo(), 2) << "Insert puts the new row at the cursor";
     ds.Cancel(); ds.SetRecNo(1); ds.Append(); ds.Cancel();
@@ -70,8 +68,7 @@ TEST_F(ClientDataSetTest, StatesMisuseConversionsAndDisplayFormats)
     EXPECT_EQ(Codes(), (QList<int>{1, 2, 3, 4}));
     EXPECT_EQ(Cod(), 4);
     QList<int> backwards;
-    for (ds.Last(); !ds.Bof(); ds.Prior())
-        backwards << Cod();
+    for (ds.Last(); !ds.Bof(); ds.Prior()) backwards << Cod();
     EXPECT_EQ(backwards, (QList<int>{4, 3, 2, 1}));
     EXPECT_EQ(Nome(), "Z");
     const int forward = ds.MoveBy(10);
@@ -150,8 +147,7 @@ TEST_F(ClientDataSetTest, StatesMisuseConversionsAndDisplayFormats)
 TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
 {
     const QVariant names[] = {"beta", "Alfa", QVariant(), "alfa", "Édson", "Zeca", "BETA", "Dora"};
-    for (int i = 0; i < 8; ++i)
-        AddRow(i + 1, names[i]);
+    for (int i = 0; i < 8; ++i) AddRow(i + 1, names[i]);
     ds.SetRecNo(4); ds.SortBy("NOME", Qt::AscendingOrder);   // on "alfa"
     EXPECT_EQ(Cod(), 4) << "cursor stays on its row";
     // equal keys (ignoring case) keep their order; É sorts with E, not after Z
@@ -162,20 +158,17 @@ TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
     EXPECT_TRUE(Codes() == (QList<int>{8, 7, 6, 5, 4, 3, 2, 1}) && ds.SortField() == "COD") << "by name, any case";
 
     ds.EmptyDataSet();
-    for (int i = 0; i < 50; ++i)
-        AddRow(i, i % 3, "EMPR");
+    for (int i = 0; i < 50; ++i) AddRow(i, i % 3, "EMPR");
     for (Qt::SortOrder order : {Qt::AscendingOrder, Qt::DescendingOrder}) {
         QList<int> expected;
         for (int key : order == Qt::AscendingOrder ? std::array{0, 1, 2} : std::array{2, 1, 0})
-            for (int i = key; i < 50; i += 3)
-                expected << i;
+            for (int i = key; i < 50; i += 3) expected << i;
         ds.SortBy("EMPR", order);
         EXPECT_EQ(Codes(), expected) << "sort order " << order;
     }
     ds.EmptyDataSet();
     int cod = 0;
-    for (qint64 raw : {100000, 20000, -30000, 20000})
-        AddRow(++cod, QVariant::fromValue(Money::fromRaw(raw)), "TOT");
+    for (qint64 raw : {100000, 20000, -30000, 20000}) AddRow(++cod, QVariant::fromValue(Money::fromRaw(raw)), "TOT");
     ds.SortBy("TOT");
     EXPECT_EQ(Codes(), (QList<int>{3, 2, 4, 1}));
 
@@ -192,8 +185,7 @@ TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
     QSignalSpy inserted(&ds, &TClientDataSet::RowInserted), changed(&ds, &TClientDataSet::RowChanged);
     QSignalSpy resets(&ds, &TClientDataSet::DataReset), layouts(&ds, &TClientDataSet::LayoutChanged);
     ds.DisableControls(); ds.DisableControls(); ds.EmptyDataSet();
-    for (int i = 0; i < 3; ++i)
-        AddRow(i, "x");
+    for (int i = 0; i < 3; ++i) AddRow(i, "x");
     ds.SortBy("COD"); ds.First(); ds.EnableControls();
     EXPECT_EQ(resets.count(), 0) << "still disabled once";
     ds.EnableControls();
@@ -217,8 +209,7 @@ TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
     }
 
     ds.EmptyDataSet();
-    for (int i = 1; i <= 5; ++i)
-        AddRow(i, QString("n%1").arg(6 - i));
+    for (int i = 1; i <= 5; ++i) AddRow(i, QString("n%1").arg(6 - i));
     ds.SetRecNo(2); const TBookmark two = ds.GetBookmark();
     ds.SetRecNo(4); const TBookmark four = ds.GetBookmark();
     ds.SortBy("NOME"); ds.First(); ds.Delete(); ds.Insert(); ds.Post();   // sorted, cod 5 gone, one more

@@ -83,8 +83,7 @@ TEST_F(ClientManagerTest, StaysConsistentThroughEveryDataSetOperation)
         {"delete", [&] { ds.First(); ds.Delete(); }},
         {"sort", [&] { model.sort(1, Qt::DescendingOrder); }},
         {"reload", [&] { ds.DisableControls(); ds.EmptyDataSet();
-                         for (int i = 0; i < 5; ++i)
-                             AddRow(i, QString("x%1").arg(i));
+                         for (int i = 0; i < 5; ++i) AddRow(i, QString("x%1").arg(i));
                          model.OrdenarPelaColunm(); ds.EnableControls(); }},
         {"field shown", [&] { ds.FieldByName("OCULTO").SetVisible(true); ASSERT_EQ(Column(-1).value(1), "OCULTO"); }},
         {"delete last", [&] { ds.Last(); ds.Delete(); }},
@@ -105,8 +104,7 @@ TEST_F(ClientManagerTest, StaysConsistentThroughEveryDataSetOperation)
 
 TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOtherTitlesSortAndColumnsKeepTheirWidthsThroughAReload)
 {
-    for (int i = 1; i <= 5; ++i)
-        AddRow(i, QString("n%1").arg(i));
+    for (int i = 1; i <= 5; ++i) AddRow(i, QString("n%1").arg(i));
     ShowView();
     QSignalSpy scrolls(&ds, &TClientDataSet::AfterScroll);
 

@@ -27,8 +27,7 @@ protected:
 TEST_F(EdNotaPanel, TabWalksEveryFieldOfEachTabInTheOrderItIsSeenThenReachesTheButtons)
 {
     QSet<QWidget *> comRotulo;
-    for (QLabel *rotulo : m_painel.findChildren<QLabel *>())
-        comRotulo.insert(rotulo->buddy());
+    for (QLabel *rotulo : m_painel.findChildren<QLabel *>()) comRotulo.insert(rotulo->buddy());
     const auto descreve = [&](QWidget *w) {
         auto *num = qobject_cast<TNumEditBR *>(w);
         return w->objectName() + (num ? QStringLiteral(":%1").arg(num->Decimals()) : QString())
@@ -61,8 +60,7 @@ TEST_F(EdNotaPanel, TabWalksEveryFieldOfEachTabInTheOrderItIsSeenThenReachesTheB
         verifica::MostrarAbaDe(primeiro);
         const QList<QWidget *> caminho = verifica::CaminhoTab(primeiro, m_painel.NotaOkButton());
         QStringList vistos;
-        for (QWidget *w : caminho)
-            vistos << descreve(w);
+        for (QWidget *w : caminho) vistos << descreve(w);
         EXPECT_EQ(vistos.join(' '), QString::fromLatin1(campos));
         EXPECT_EQ(verifica::OrdemTab(&m_painel, caminho), blocos);
         andados.insert(caminho.begin(), caminho.end() - 1);

@@ -14,25 +14,24 @@ namespace {
 // caption a clerk knows it by.
 const QStringList Campos = {
     "ProdCodDelesLabeledEdit [] Cód. no Fornecedor", "BuscaLabeledEdit [] Busca Produto", "ProdCodNumEditBR 0 [0] Código",
-    "ProdDescrLabeledEdit [] Descrição", "UnidComboBox [] Unid.", "TribComboBox [] Situação Tributária",
-    "NCMMaskEdit [..] NCM", "CFOPItemNumEditBR 0 [0] CFOP", "CSTNumEditBR 0 [0] CST", "OrigMercNumEditBR 0 [0] Orig.Merc",
-    "EmbQtdNumEditBR 3 [1,000] Qtd na Emb", "QtdEmbsNumEditBR 3 [1,000] Qtd Embs",
-    "CustoTotItemNumEditBR 4 [0,0000] Custo Tot. R$", "DescontoItemNumEditBR 2 [0,00] Desconto R$",
-    "pIPINumEditBR 2 [0,00] IPI %", "vIPINumEditBR 4 [0,0000] IPI R$", "OutrasItemNumEditBR 2 [0,00] Outras D.R$",
-    "FreteItemNumEditBR 2 [0,00] Frete R$", "SeguroItemNumEditBR 2 [0,00] Seguro R$", "modBCNumEditBR 0 [0] Mod. BC",
-    "vBCNumEditBR 2 [0,00] BC R$", "pICMSNumEditBR 2 [0,00] Alíq. %", "vICMSNumEditBR 2 [0,00] ICMS R$",
-    "pRedBCNumEditBR 2 [0,00] Red. BC %", "modBCSTNumEditBR 0 [0] Mod. BC", "pMVASTNumEditBR 2 [0,00] MVA %",
-    "pRedBCSTNumEditBR 2 [0,00] Red. BC %", "vBCSTNumEditBR 2 [0,00] BC ST R$", "pICMSSTNumEditBR 2 [0,00] Alíq. %",
-    "vICMSSTNumEditBR 2 [0,00] ICMS ST R$", "vBCFCPNumEditBR 2 [0,00] BC R$", "pFCPNumEditBR 2 [0,00] FCP %",
-    "vFCPNumEditBR 2 [0,00] FCP R$", "vBCFCPSTNumEditBR 2 [0,00] BC ST R$", "pFCPSTNumEditBR 2 [0,00] FCP ST %",
-    "vFCPSTNumEditBR 2 [0,00] FCP ST R$", "CstPisNumEditBR 0 [0] CST PIS", "pPisNumEditBR 2 [0,00] PIS %",
-    "vPisNumEditBR 2 [0,00] PIS R$", "CstCofinsNumEditBR 0 [0] CST COFINS", "pCofinsNumEditBR 2 [0,00] COFINS %",
-    "vCofinsNumEditBR 2 [0,00] COFINS R$", "TribIcmsvBCSTRet_NumEditBR 2 [0,00] BC R$",
+    "ProdDescrLabeledEdit [] Descrição", "UnidComboBox [] Unid.", "TribComboBox [] Situação Tributária", "NCMMaskEdit [..] NCM",
+    "CFOPItemNumEditBR 0 [0] CFOP", "CSTNumEditBR 0 [0] CST", "OrigMercNumEditBR 0 [0] Orig.Merc",
+    "EmbQtdNumEditBR 3 [1,000] Qtd na Emb", "QtdEmbsNumEditBR 3 [1,000] Qtd Embs", "CustoTotItemNumEditBR 4 [0,0000] Custo Tot. R$",
+    "DescontoItemNumEditBR 2 [0,00] Desconto R$", "pIPINumEditBR 2 [0,00] IPI %", "vIPINumEditBR 4 [0,0000] IPI R$",
+    "OutrasItemNumEditBR 2 [0,00] Outras D.R$", "FreteItemNumEditBR 2 [0,00] Frete R$", "SeguroItemNumEditBR 2 [0,00] Seguro R$",
+    "modBCNumEditBR 0 [0] Mod. BC", "vBCNumEditBR 2 [0,00] BC R$", "pICMSNumEditBR 2 [0,00] Alíq. %",
+    "vICMSNumEditBR 2 [0,00] ICMS R$", "pRedBCNumEditBR 2 [0,00] Red. BC %", "modBCSTNumEditBR 0 [0] Mod. BC",
+    "pMVASTNumEditBR 2 [0,00] MVA %", "pRedBCSTNumEditBR 2 [0,00] Red. BC %", "vBCSTNumEditBR 2 [0,00] BC ST R$",
+    "pICMSSTNumEditBR 2 [0,00] Alíq. %", "vICMSSTNumEditBR 2 [0,00] ICMS ST R$", "vBCFCPNumEditBR 2 [0,00] BC R$",
+    "pFCPNumEditBR 2 [0,00] FCP %", "vFCPNumEditBR 2 [0,00] FCP R$", "vBCFCPSTNumEditBR 2 [0,00] BC ST R$",
+    "pFCPSTNumEditBR 2 [0,00] FCP ST %", "vFCPSTNumEditBR 2 [0,00] FCP ST R$", "CstPisNumEditBR 0 [0] CST PIS",
+    "pPisNumEditBR 2 [0,00] PIS %", "vPisNumEditBR 2 [0,00] PIS R$", "CstCofinsNumEditBR 0 [0] CST COFINS",
+    "pCofinsNumEditBR 2 [0,00] COFINS %", "vCofinsNumEditBR 2 [0,00] COFINS R$", "TribIcmsvBCSTRet_NumEditBR 2 [0,00] BC R$",
     "TribIcmspST_NumEditBR 2 [0,00] Alíq. %", "TribIcmsvICMSSubstituto_NumEditBR 2 [0,00] Substituto R$",
-    "TribIcmsvICMSSTRet_NumEditBR 2 [0,00] Retido R$", "MargemNumEditBR 2 [0,00] Margem %",
-    "PrecoNumEditBR 2 [0,00] Novo Preço ", "QtdCompradaNumEditBR 3* [1,000] Qtd",
-    "CustoAtualNumEditBR 4* [0,0000] Últim.Custo Un.", "CustoNumEditBR 4* [0,0000] Custo Unit.",
-    "PrecoAtualNumEditBR 2* [0,00] Último Preço", "PrecoPromoNumEditBR 2* [0,00] Preço Promo.",
+    "TribIcmsvICMSSTRet_NumEditBR 2 [0,00] Retido R$", "MargemNumEditBR 2 [0,00] Margem %", "PrecoNumEditBR 2 [0,00] Novo Preço ",
+    "QtdCompradaNumEditBR 3* [1,000] Qtd", "CustoAtualNumEditBR 4* [0,0000] Últim.Custo Un.",
+    "CustoNumEditBR 4* [0,0000] Custo Unit.", "PrecoAtualNumEditBR 2* [0,00] Último Preço",
+    "PrecoPromoNumEditBR 2* [0,00] Preço Promo.",
 };
 
 // An item panel at the size it gets in the lower half of a 1366x768 screen, shown and active.
@@ -64,8 +63,7 @@ TEST_F(ItemPanel, TabWalksEveryTypedFieldLineByLineAndSkipsTheComputedOnes)
     const QList<QWidget *> caminho = verifica::CaminhoTab(m_painel.ProdCodDelesLabeledEdit(), m_painel.PrecoNumEditBR());
     ASSERT_EQ(caminho.last(), m_painel.PrecoNumEditBR()) << "Tab never reached the new price";
     QStringList campos;
-    for (QWidget *campo : caminho)
-        campos << descreve(campo);
+    for (QWidget *campo : caminho) campos << descreve(campo);
     for (QWidget *campo : m_painel.Campos())
         if (!caminho.contains(campo))
             campos << descreve(campo);
@@ -119,8 +117,7 @@ TEST_F(ItemPanel, NCMProductListAndFitsItsPlaceAlsoWithPriceTablesAndGrades)
 
     // The further prices and then the grades are typed right after the new price.
     QStringList nomes;
-    for (QWidget *w : verifica::CaminhoTab(m_painel.PrecoNumEditBR(), ultimaGrade))
-        nomes << w->objectName();
+    for (QWidget *w : verifica::CaminhoTab(m_painel.PrecoNumEditBR(), ultimaGrade)) nomes << w->objectName();
     EXPECT_EQ(nomes, (QStringList{"PrecoNumEditBR", "PrecoNumEditBR2", "PrecoNumEditBR3", "GradeComboTAMANHO",
                                   "GradeComboCOR", "GradeComboNUMERACAO"}));
 

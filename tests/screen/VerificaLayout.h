@@ -87,8 +87,7 @@ inline QStringList CortaValores(const QList<std::pair<QLineEdit *, const char *>
 inline void Digitar(QWidget *w, const QString &texto)
 {
     for (const QChar c : texto)
-        QTest::sendKeyEvent(QTest::Click, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown,
-                            QString(c), Qt::NoModifier);
+        QTest::sendKeyEvent(QTest::Click, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
 // The widgets Tab reaches from `inicio` until `fim`, each once even when Tab first moves inside
@@ -99,8 +98,7 @@ inline QList<QWidget *> CaminhoTab(QWidget *inicio, QWidget *fim)
     QList<QWidget *> caminho{QApplication::focusWidget()};
     for (int i = 0; i < 200 && caminho.last() && caminho.last() != fim; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        if (QApplication::focusWidget() != caminho.last())
-            caminho.append(QApplication::focusWidget());
+        if (QApplication::focusWidget() != caminho.last()) caminho.append(QApplication::focusWidget());
     }
     return caminho;
 }
