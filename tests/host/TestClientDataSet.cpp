@@ -139,10 +139,6 @@ TEST_F(ClientDataSetTest, StatesMisuseConversionsAndDisplayFormats)
     EXPECT_EQ(ds.FieldByName("BAIXADO").DisplayText(), "Aberto");
 }
 
-
-
-
-
 // Short lists hide an unstable sort, which often orders small ranges by insertion; hence the 50 rows.
 TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
 {
@@ -221,6 +217,5 @@ TEST_F(ClientDataSetTest, SortLocateBookmarksAndScrolling)
     EXPECT_EQ(ds.RecNo(), 1) << "a dead bookmark does not move the cursor";
     EXPECT_TRUE(ds.GotoBookmark(two));
 }
-
 
 } // namespace

@@ -163,5 +163,4 @@ TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOtherTitlesSortAndColumnsKee
     EXPECT_LT(view.columnWidth(1), nomeWidth) << "a changed display width resizes its column";
 }
 
-
 } // namespace

@@ -72,8 +72,6 @@ TEST_F(ConexaoSQL, NestedCallsShareAnAttachmentTextsTakeEffectAsTheyRunAndColumn
               (QStringList{"\"", "N", " 1 "}));
 }
 
-
-
 TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)
 {
     TConexaoSQL conexao(db.banco());
@@ -102,7 +100,5 @@ TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWheth
     servidor.close();
     EXPECT_FALSE(TTerminalModoOper::ConectouServidor(endereco));
 }
-
-
 
 } // namespace

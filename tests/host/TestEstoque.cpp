@@ -97,7 +97,4 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
               QLatin1String("0000N")) << "movements, inputs, links and sendings gone, note open again";
 }
 
-
-
-
 } // namespace

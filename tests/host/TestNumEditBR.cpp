@@ -74,8 +74,6 @@ TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberPastingReadsTheBrazilianWay
     EXPECT_TRUE(edit->text() == "3,5" && edit->Value() == 3.5) << edit->text().toStdString();
 }
 
-
-
 TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheReadOnlyLookRefusesTypingAndTab)
 {
     const struct { int decimals; double value; QString shown; } cases[] = {
@@ -116,7 +114,5 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheRead
     edit->SetReadOnlyLook(false);
     EXPECT_TRUE(!edit->isReadOnly() && (edit->focusPolicy() & Qt::TabFocus) && edit->palette().color(QPalette::Base) == normal);
 }
-
-
 
 } // namespace

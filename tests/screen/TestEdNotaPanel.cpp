@@ -71,8 +71,6 @@ TEST_F(EdNotaPanel, TabWalksEveryFieldOfEachTabInTheOrderItIsSeenThenReachesTheB
     EXPECT_EQ(QApplication::focusWidget(), m_painel.NotaCancButton());
 }
 
-
-
 // Every tab fits without overlap or cut; the largest value a clerk will type, the longest list
 // entry, the buttons, dates and freight choices show as the clerk expects.
 TEST_F(EdNotaPanel, FitsShowsValuesWholeKeepsWhatTheFieldAcceptsAndHasUniqueAccelerators)

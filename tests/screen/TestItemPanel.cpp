@@ -6,7 +6,6 @@
 
 #include <gtest/gtest.h>
 
-
 namespace {
 
 // The fields in the order Tab reaches them, then the computed ones (decimals marked "*": a
@@ -129,8 +128,6 @@ TEST_F(ItemPanel, NCMProductListAndFitsItsPlaceAlsoWithPriceTablesAndGrades)
                   {m_painel.TribIcmsvICMSSubstituto_NumEditBR(), "999999,99"}, {m_painel.PrecoNumEditBR(), "9999999,99"}}),
               QStringList());
 }
-
-
 
 // A large note: products and total in the millions, the others in the hundreds of thousands, each
 // with cents of its own so that a setter writing another's label shows. Then the colour actually

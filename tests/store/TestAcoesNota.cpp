@@ -33,8 +33,6 @@ protected:
     TAcoesNota acoes{db.conexao()};
 };
 
-
-
 TEST_F(AcoesNota, RastroNivel80BaixarPassaPelasConferenciasEAsRecusasDeDesbaixarEEnviar)
 {
     Contexto::Atual().modoDebug = 80;

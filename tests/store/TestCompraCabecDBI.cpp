@@ -99,9 +99,6 @@ TEST_F(NotaCabec, InsertReadsBackAsTypedUpdateChangesOnlyWhatItNamesAndTheNumber
     }
 }
 
-
-
-
 TEST(NotaCabecTotal, AddsIPIOnlyWhenTheStoreAddsItAndRoundsHalfToEven)
 {
     const Money cem = Money::fromInt(100), dez = Money::fromInt(10), um = Money::fromInt(1), z;

@@ -112,6 +112,4 @@ TEST_F(RepGates, EachGateRefusesWithOneMessageAndWritesOnlyAProductionTotal)
     }
 }
 
-
-
 } // namespace
