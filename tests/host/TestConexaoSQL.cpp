@@ -1,6 +1,4 @@
-#include "RegistroSql.h"
 #include "TConexD.h"
-#include "TConexaoSQL.h"
 #include "TestDatabase.h"
 #include "Valores.h"
 
@@ -17,52 +15,39 @@ protected:
     TestDatabase db{TestDatabase::Conteudo::SoEsquema};
 };
 
-TEST_F(ConexaoSQL, NestedCallsAreCountedAndPairsReuseOneAttachment)
+TEST_F(ConexaoSQL, NestedCallsShareAnAttachmentTextsTakeEffectAsTheyRunAndColumnsArriveExactly)
 {
-    TConexaoSQL a(db.banco());
-    TConexaoSQL b(db.banco());
-    ASSERT_TRUE(a.Conectar()) << a.UltimoErro().toStdString();
-    ASSERT_TRUE(a.Conectar());
+    TConexaoSQL a(db.banco()), b(db.banco());
+    ASSERT_TRUE(a.Conectar() && a.Conectar()) << a.UltimoErro().toStdString();
     a.Desconectar();
-    EXPECT_TRUE(a.Conectado());
+    EXPECT_TRUE(a.Conectado()) << "one of two nested calls ended";
     ASSERT_TRUE(b.Conectar());
     EXPECT_NE(a.NomeConexao(), b.NomeConexao()) << "two holders get two attachments";
-    a.Desconectar();
-    b.Desconectar();
+    a.Desconectar(); b.Desconectar();
     EXPECT_FALSE(a.Conectado());
 
     const int antes = TConexaoSQL::AnexacoesAbertas();
     for (int i = 0; i < 200; ++i) {
         ASSERT_TRUE(a.Conectar());
         a.Desconectar();
-        TConexaoSQL outra(db.banco());
-        ASSERT_EQ(outra.ValorInt(QStringLiteral("select 1 from RDB$DATABASE")), 1);
+        ASSERT_EQ(TConexaoSQL(db.banco()).ValorInt(QStringLiteral("select 1 from RDB$DATABASE")), 1);
     }
     EXPECT_EQ(TConexaoSQL::AnexacoesAbertas(), antes);
-}
 
-// Written on one connection and read on another: each statement commits as it runs, and quoted
-// texts arrive intact.
-TEST_F(ConexaoSQL, QuotedTextsTakeEffectAsTheyRun)
-{
-    TConexaoSQL escreve(db.banco());
-    TConexaoSQL le(db.banco());
-    ASSERT_TRUE(escreve.Conectar());
-    ASSERT_TRUE(le.Conectar());
+    // Written on one connection and read on another: each statement commits as it runs, and quoted
+    // texts arrive intact.
+    TConexaoSQL escreve(db.banco()), le(db.banco());
+    ASSERT_TRUE(escreve.Conectar() && le.Conectar());
     const QStringList textos = {QStringLiteral("D'Ávila & Cia; Ltda"), QStringLiteral("''"),
                                 QStringLiteral("x'); delete from config; --"), QStringLiteral("ÇÃO ção ü")};
     for (const QString &texto : textos) {
         const QString chave = QuotedStr(QString::number(textos.indexOf(texto)));
-        ASSERT_TRUE(escreve.Exec(QStringLiteral("insert into config (chave, valor) values (%1, %2)")
-                                     .arg(chave, QuotedStr(texto))))
+        ASSERT_TRUE(escreve.Exec(QStringLiteral("insert into config (chave, valor) values (%1, %2)").arg(chave, QuotedStr(texto))))
             << escreve.UltimoErro().toStdString();
         EXPECT_EQ(le.ValorStr(QStringLiteral("select valor from config where chave=") + chave), texto);
     }
     EXPECT_EQ(le.ValorInt(QStringLiteral("select count(*) from config")), textos.size());
-}
 
-TEST_F(ConexaoSQL, NumericColumnsReachMoneyAsPlainDecimals)
-{
     const QList<std::pair<const char *, qint64>> valores = {{"92233720368.5477", 922337203685477LL},
         {"1000000", 10000000000LL}, {"0.0005", 5}, {"-0.0001", -1}, {"1234.5", 12345000}};
     QStringList colunas;
@@ -77,63 +62,37 @@ TEST_F(ConexaoSQL, NumericColumnsReachMoneyAsPlainDecimals)
         EXPECT_FALSE(texto.contains(QLatin1Char('e'))) << texto.toStdString();
     }
     EXPECT_THROW(q->FieldByName(QStringLiteral("nao_existe")), std::invalid_argument);
-}
 
-TEST_F(ConexaoSQL, FixedWidthTextComesWithoutItsPadding)
-{
     ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, baixado, serie) "
                                      "values (1, 1, 1, '\"', 'S', ' 1 ')")), QString());
-    TConexaoSQL conexao(db.banco());
-    const auto q = conexao.Ab(QStringLiteral("select tipo_cod, baixado, cancelado, serie from compra"));
-    ASSERT_TRUE(q && !q->Eof()) << conexao.UltimoErro().toStdString();
-    EXPECT_EQ(q->FieldByName(QStringLiteral("tipo_cod")).AsString(), QStringLiteral("\""));
-    EXPECT_TRUE(q->FieldByName(QStringLiteral("baixado")).AsBoolean());
-    EXPECT_EQ(q->FieldByName(QStringLiteral("cancelado")).AsString(), QStringLiteral("N"));
-    EXPECT_EQ(q->FieldByName(QStringLiteral("serie")).AsString(), QStringLiteral(" 1 "));
+    const auto c = conexao.Ab(QStringLiteral("select tipo_cod, baixado, cancelado, serie from compra"));
+    ASSERT_TRUE(c && !c->Eof()) << conexao.UltimoErro().toStdString();
+    EXPECT_TRUE(c->FieldByName(QStringLiteral("baixado")).AsBoolean());
+    EXPECT_EQ(QStringList({c->Fields(0).AsString(), c->Fields(2).AsString(), c->Fields(3).AsString()}),
+              (QStringList{"\"", "N", " 1 "}));
 }
 
-TEST_F(ConexaoSQL, FailuresReturnTheDriverText)
+TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)
 {
     TConexaoSQL conexao(db.banco());
     EXPECT_FALSE(conexao.Exec(QStringLiteral("insert into tabela_inexistente values (1)")));
     EXPECT_TRUE(conexao.UltimoErro().contains(QStringLiteral("TABELA_INEXISTENTE"), Qt::CaseInsensitive))
         << conexao.UltimoErro().toStdString();
-    EXPECT_EQ(conexao.Ab(QStringLiteral("select x from y")), nullptr);
+    EXPECT_TRUE(conexao.Ab(QStringLiteral("select x from y")) == nullptr && !conexao.Conectado());
     EXPECT_EQ(conexao.ValorInt(QStringLiteral("select x from y"), -5), -5);
-    EXPECT_FALSE(conexao.Conectado());
 
     TConexaoSQL semBanco(TDadosBanco{QStringLiteral("/nonexistent/pavrel.fdb")});
-    EXPECT_FALSE(semBanco.Conectar());
-    EXPECT_TRUE(semBanco.UltimoErro().contains(QStringLiteral("/nonexistent/pavrel.fdb")))
-        << semBanco.UltimoErro().toStdString();
-    EXPECT_FALSE(semBanco.Exec(QStringLiteral("select 1 from RDB$DATABASE")));
-}
+    EXPECT_FALSE(semBanco.Conectar() || semBanco.Exec(QStringLiteral("select 1 from RDB$DATABASE")));
+    EXPECT_TRUE(semBanco.UltimoErro().contains(QStringLiteral("/nonexistent/pavrel.fdb"))) << semBanco.UltimoErro().toStdString();
 
-TEST_F(ConexaoSQL, GeneratorsAdvanceByTheirStepAndTheLogShowsWhatWasSent)
-{
-    TConexaoSQL conexao(db.banco());
+    // Generators advance by their step.
     const qint64 primeiro = conexao.ProximoGenerator(QStringLiteral("compra_g"));
-    EXPECT_EQ(conexao.ProximoGenerator(QStringLiteral("compra_g")), primeiro + 1);
-    EXPECT_EQ(conexao.ProximoGenerator(QStringLiteral("compra_g"), 10), primeiro + 11);
+    const qint64 segundo = conexao.ProximoGenerator(QStringLiteral("compra_g"));
+    EXPECT_EQ(std::pair(segundo, conexao.ProximoGenerator(QStringLiteral("compra_g"), 10)), std::pair(primeiro + 1, primeiro + 11));
 
-    const QString sql = QStringLiteral("select count(*) from config\r\n where chave='X'");
-    RegistroSql registro;
-    conexao.ValorInt(sql);
-    EXPECT_EQ(RegistroSql::Sql(), QStringList{sql});
-}
-
-TEST_F(ConexaoSQL, HostConnectionFollowsTheContext)
-{
-    EXPECT_EQ(TConexD::Conexao().GetDatabase(), db.caminho());
-    EXPECT_TRUE(TConexD::Executar(QStringLiteral("insert into config (chave, valor) values ('H', 'S')")));
-    EXPECT_EQ(ValorString(QStringLiteral("select valor from config where chave='H'")), QStringLiteral("S"));
-    EXPECT_EQ(Inteiro(QStringLiteral("select count(*) from config")), 1);
-}
-
-TEST_F(ConexaoSQL, ServerReachabilityAnswersForFilesAndServers)
-{
-    EXPECT_TRUE(TTerminalModoOper::ConectouServidor(db.caminho()));
-    EXPECT_FALSE(TTerminalModoOper::ConectouServidor(QStringLiteral("/nonexistent/x.fdb")));
+    // A server answers whether it is a file or a port.
+    EXPECT_TRUE(TTerminalModoOper::ConectouServidor(db.caminho())
+                && !TTerminalModoOper::ConectouServidor(QStringLiteral("/nonexistent/x.fdb")));
     QTcpServer servidor;
     ASSERT_TRUE(servidor.listen(QHostAddress::LocalHost));
     const QString endereco = QStringLiteral("127.0.0.1/%1:/dados/x.fdb").arg(servidor.serverPort());

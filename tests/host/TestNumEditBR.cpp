@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QClipboard>
 #include <QSignalSpy>
 #include <QTest>
@@ -17,141 +16,86 @@ protected:
     void SetUp() override
     {
         auto *layout = new QVBoxLayout(&window);
-        edit = new TNumEditBR(&window);
-        other = new QLineEdit(&window);
-        layout->addWidget(edit);
-        layout->addWidget(other);
-        window.show();
-        window.activateWindow();
+        layout->addWidget(edit); layout->addWidget(other);
+        window.show(); window.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
         edit->setFocus();
         ASSERT_TRUE(edit->hasFocus());
     }
 
-    void Type(const QString &keys)
-    {
-        edit->setFocus();
-        edit->selectAll();
-        QTest::keyClicks(edit, keys);
-    }
-
-    void Paste(const QString &text)
-    {
-        QApplication::clipboard()->setText(text);
-        edit->selectAll();
-        edit->paste();
-    }
-
-    void Leave()
-    {
-        other->setFocus();
-        ASSERT_FALSE(edit->hasFocus());
-    }
+    void Type(const QString &keys) { edit->setFocus(); edit->selectAll(); QTest::keyClicks(edit, keys); }
+    void Paste(const QString &text) { QApplication::clipboard()->setText(text); edit->selectAll(); edit->paste(); }
+    void Leave() { other->setFocus(); ASSERT_FALSE(edit->hasFocus()); }
 
     QWidget window;
-    TNumEditBR *edit = nullptr;
-    QLineEdit *other = nullptr;
+    TNumEditBR *edit = new TNumEditBR(&window);
+    QLineEdit *other = new QLineEdit(&window);
 };
 
-TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumber)
+TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberPastingReadsTheBrazilianWayAndLeavingFixesThePlaces)
 {
-    struct Case { const char *name; int decimals; bool negative; QString keys; QString shown; double value; };
-    const Case cases[] = {
-        {"letters ignored", 2, false, "12a,5", "12,5", 12.5},
-        {"minus refused", 2, false, "-7", "7", 7},
-        {"minus allowed", 2, true, "-7,25", "-7,25", -7.25},
-        {"minus only first", 2, true, "7-", "7", 7},
-        {"places limited", 2, false, "1,234", "1,23", 1.23},
-        {"second comma", 2, false, "1,2,3", "1,23", 1.23},
-        {"no comma when whole", 0, false, "12,5", "125", 125},
-        {"quantity places", 3, false, "0,1x2y5", "0,125", 0.125},
+    const struct { const char *name; int decimals; bool negative; QString keys; QString shown; double value; } cases[] = {
+        {"letters ignored", 2, false, "12a,5", "12,5", 12.5}, {"minus refused", 2, false, "-7", "7", 7},
+        {"minus allowed", 2, true, "-7,25", "-7,25", -7.25}, {"minus only first", 2, true, "7-", "7", 7},
+        {"places limited", 2, false, "1,234", "1,23", 1.23}, {"second comma", 2, false, "1,2,3", "1,23", 1.23},
+        {"no comma when whole", 0, false, "12,5", "125", 125}, {"quantity places", 3, false, "0,1x2y5", "0,125", 0.125},
     };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         SCOPED_TRACE(c.name);
-        edit->SetDecimals(c.decimals);
-        edit->SetAcceptNegative(c.negative);
+        edit->SetDecimals(c.decimals); edit->SetAcceptNegative(c.negative);
         Type(c.keys);
         EXPECT_EQ(edit->text(), c.shown);
         EXPECT_DOUBLE_EQ(edit->Value(), c.value);
     }
-}
 
-TEST_F(NumEditBRTest, KeypadPeriodTypesTheDecimalComma)
-{
-    Type("3");
-    QTest::keyClick(edit, Qt::Key_Period, Qt::KeypadModifier);
-    QTest::keyClicks(edit, "5");
-    EXPECT_EQ(edit->text(), "3,5");
-    EXPECT_DOUBLE_EQ(edit->Value(), 3.5);
-}
-
-TEST_F(NumEditBRTest, PastedTextIsReadTheBrazilianWay)
-{
+    edit->SetDecimals(2); edit->SetAcceptNegative(false);
     Paste("1.234,56");
-    EXPECT_DOUBLE_EQ(edit->Value(), 1234.56);
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(12345600));
-
     edit->SetValue(0);
     for (const QString &foreign : {QString("1,234.56"), QString("R$ 10"), QString("1e3")}) {
         Paste(foreign);
         EXPECT_EQ(edit->text(), "0,00") << foreign.toStdString() << " must be refused";
     }
+
+    // Fixed places when leaving or on Enter; the keypad period types the decimal comma.
+    const struct { const char *keys; bool enter; QString typed, fixed; } rows[] = {
+        {"12,5", false, "12,5", "12,50"}, {"\b", false, "", "0,00"}, {"3,", true, "3,", "3,00"}, {"1.234", false, "1.234", "1234,00"},
+    };
+    for (const auto &row : rows) {
+        Type(row.keys);
+        EXPECT_EQ(edit->text(), row.typed) << row.keys;
+        EXPECT_TRUE(!row.typed.isEmpty() || (edit->Value() == 0.0 && edit->AsMoney() == Money())) << "an empty edit reads 0";
+        row.enter ? QTest::keyClick(edit, Qt::Key_Return) : Leave();
+        EXPECT_EQ(edit->text(), row.fixed) << row.keys;
+    }
+    Type("3");
+    QTest::keyClick(edit, Qt::Key_Period, Qt::KeypadModifier);
+    QTest::keyClicks(edit, "5");
+    EXPECT_TRUE(edit->text() == "3,5" && edit->Value() == 3.5) << edit->text().toStdString();
 }
 
-TEST_F(NumEditBRTest, FixedPlacesWhenLeavingOrOnEnter)
+TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheReadOnlyLookRefusesTypingAndTab)
 {
-    Type("12,5");
-    EXPECT_EQ(edit->text(), "12,5");
-    Leave();
-    EXPECT_EQ(edit->text(), "12,50");
-
-    Type("");
-    QTest::keyClick(edit, Qt::Key_Backspace);
-    EXPECT_EQ(edit->text(), "");
-    EXPECT_EQ(edit->Value(), 0.0) << "an empty edit reads 0";
-    EXPECT_EQ(edit->AsMoney(), Money());
-    Leave();
-    EXPECT_EQ(edit->text(), "0,00");
-
-    Type("3,");
-    QTest::keyClick(edit, Qt::Key_Return);
-    EXPECT_EQ(edit->text(), "3,00");
-    Type("1.234");
-    Leave();
-    EXPECT_EQ(edit->text(), "1234,00");
-}
-
-TEST_F(NumEditBRTest, SetValueRoundsHalfToEven)
-{
-    struct Case { int decimals; double value; QString shown; };
-    const Case cases[] = {
+    const struct { int decimals; double value; QString shown; } cases[] = {
         {2, 2.675, "2,68"}, {2, 2.665, "2,66"}, {2, 1234.5, "1234,50"}, {2, -0.004, "0,00"},
         {0, 2.5, "2"}, {0, 3.5, "4"}, {3, 1.0005, "1,000"}, {3, 1.0015, "1,002"}, {4, 0.12345, "0,1234"},
     };
-    for (const Case &c : cases) {
+    for (const auto &c : cases) {
         edit->SetDecimals(c.decimals);
         edit->SetValue(c.value);
         EXPECT_EQ(edit->text(), c.shown) << c.value << " at " << c.decimals;
     }
-    edit->SetDecimals(2);
-    edit->SetMoney(Money::fromRaw(1250));   // 0.125
+    edit->SetDecimals(2); edit->SetMoney(Money::fromRaw(1250));   // 0.125
     EXPECT_EQ(edit->text(), "0,12");
     edit->SetMoney(Money::fromRaw(-123456789));
     EXPECT_EQ(edit->text(), "-12345,68");
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(-123456800));
-}
-
-TEST_F(NumEditBRTest, ChangingThePlacesReshowsTheValue)
-{
-    edit->SetValue(1.5);
-    edit->SetDecimals(3);
-    EXPECT_EQ(edit->text(), "1,500");
+    edit->SetValue(1.5); edit->SetDecimals(3);
+    const QString threePlaces = edit->text();
     edit->SetDecimals(0);
-    EXPECT_EQ(edit->text(), "2");
-}
+    EXPECT_EQ(threePlaces + '|' + edit->text(), "1,500|2") << "changing the places reshows the value";
 
-TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChanges)
-{
+    edit->SetDecimals(2);
     QSignalSpy changes(edit, &TNumEditBR::ValueChanged);
     Type("12,5");   // 1, 12, "12," is still 12, 12.5
     ASSERT_EQ(changes.count(), 3);
@@ -161,22 +105,14 @@ TEST_F(NumEditBRTest, ValueChangedOnlyWhenTheValueChanges)
     EXPECT_EQ(changes.count(), 3) << "re-showing the same value is no change";
     edit->SetValue(3);
     EXPECT_EQ(changes.count(), 4);
-}
 
-TEST_F(NumEditBRTest, ReadOnlyLookRefusesTypingAndTab)
-{
     const QColor normal = edit->palette().color(QPalette::Base);
-    edit->SetValue(5);
-    edit->SetReadOnlyLook(true);
+    edit->SetValue(5); edit->SetReadOnlyLook(true);
     QTest::keyClicks(edit, "9");
     EXPECT_EQ(edit->text(), "5,00");
-    EXPECT_FALSE(edit->focusPolicy() & Qt::TabFocus);
-    EXPECT_NE(edit->palette().color(QPalette::Base), normal);
-
+    EXPECT_TRUE(!(edit->focusPolicy() & Qt::TabFocus) && edit->palette().color(QPalette::Base) != normal);
     edit->SetReadOnlyLook(false);
-    EXPECT_FALSE(edit->isReadOnly());
-    EXPECT_TRUE(edit->focusPolicy() & Qt::TabFocus);
-    EXPECT_EQ(edit->palette().color(QPalette::Base), normal);
+    EXPECT_TRUE(!edit->isReadOnly() && (edit->focusPolicy() & Qt::TabFocus) && edit->palette().color(QPalette::Base) == normal);
 }
 
 } // namespace

@@ -6,44 +6,35 @@
 #include <QTest>
 #include <QtWidgets>
 
-#include <ostream>
-
 inline void PrintTo(const QString &texto, std::ostream *os) { *os << '"' << texto.toStdString() << '"'; }
 
 namespace verifica {
 
 inline QString Nome(const QWidget *w)
 {
-    if (!w)
-        return QStringLiteral("<nenhum>");
     const auto *rotulo = qobject_cast<const QLabel *>(w);
-    return QLatin1String(w->metaObject()->className()) + QLatin1Char(' ')
+    return !w ? QStringLiteral("<nenhum>") : QLatin1String(w->metaObject()->className()) + QLatin1Char(' ')
            + (rotulo && w->objectName().isEmpty() ? rotulo->text() : w->objectName());
 }
 
 // Widgets drawn as one piece; their inner parts are Qt's business.
 inline bool Folha(const QWidget *w)
 {
-    return qobject_cast<const QLineEdit *>(w) || qobject_cast<const QComboBox *>(w)
-           || qobject_cast<const QAbstractSpinBox *>(w) || qobject_cast<const QAbstractButton *>(w)
-           || qobject_cast<const QLabel *>(w) || qobject_cast<const QAbstractItemView *>(w)
-           || qobject_cast<const QTabBar *>(w);
+    return qobject_cast<const QLineEdit *>(w) || qobject_cast<const QComboBox *>(w) || qobject_cast<const QAbstractSpinBox *>(w)
+           || qobject_cast<const QAbstractButton *>(w) || qobject_cast<const QLabel *>(w)
+           || qobject_cast<const QAbstractItemView *>(w) || qobject_cast<const QTabBar *>(w);
 }
 
 inline void Percorrer(QWidget *pai, QStringList &falhas)
 {
-    if (Folha(pai))
-        return;
+    if (Folha(pai)) return;
     if (auto *abas = qobject_cast<QTabWidget *>(pai)) {
         if (!abas->currentWidget()->parentWidget()->rect().contains(abas->currentWidget()->geometry()))
             falhas << Nome(abas->currentWidget()) + QStringLiteral(" sai da área das abas");
-        Percorrer(abas->currentWidget(), falhas);
-        return;
+        return Percorrer(abas->currentWidget(), falhas);
     }
-    QList<QWidget *> filhos;   // an empty box has nothing to cut
-    for (QWidget *w : pai->findChildren<QWidget *>(Qt::FindDirectChildrenOnly))
-        if (!w->isWindow() && w->isVisible() && !w->size().isEmpty())
-            filhos.append(w);
+    QList<QWidget *> filhos = pai->findChildren<QWidget *>(Qt::FindDirectChildrenOnly);
+    filhos.removeIf([](QWidget *w) { return w->isWindow() || !w->isVisible() || w->size().isEmpty(); });   // an empty box has nothing to cut
     for (int i = 0; i < filhos.size(); ++i) {
         if (!pai->rect().contains(filhos[i]->geometry()))
             falhas << Nome(filhos[i]) + QStringLiteral(" cortado por ") + Nome(pai);
@@ -58,7 +49,7 @@ inline void Percorrer(QWidget *pai, QStringList &falhas)
 // their text and fields squeezed below their minimum.
 inline QStringList Defeitos(QWidget *raiz)
 {
-    QStringList falhas;
+    QStringList falhas;   // filled by the walk first
     Percorrer(raiz, falhas);
     for (QWidget *w : raiz->findChildren<QWidget *>()) {
         const QSize minimo = qobject_cast<QLabel *>(w) ? w->sizeHint() : w->minimumSizeHint();
@@ -70,12 +61,33 @@ inline QStringList Defeitos(QWidget *raiz)
     return falhas;
 }
 
+// Brings forward the tab pages that hold `w`, so that it is laid out as a clerk sees it.
+inline void MostrarAbaDe(QWidget *w)
+{
+    for (QWidget *p = w; p && p->parentWidget(); p = p->parentWidget())
+        if (auto *abas = qobject_cast<QTabWidget *>(p->parentWidget()->parentWidget()); abas && abas->indexOf(p) >= 0)
+            abas->setCurrentWidget(p);
+    QApplication::processEvents();
+}
+
+// Fields that refuse or cut the largest sample a clerk will type.
+inline QStringList CortaValores(const QList<std::pair<QLineEdit *, const char *>> &amostras)
+{
+    QStringList falhas;
+    for (const auto &[campo, texto] : amostras) {
+        MostrarAbaDe(campo);
+        campo->setText(QLatin1String(texto));
+        if (campo->text() != QLatin1String(texto) || campo->fontMetrics().horizontalAdvance(texto) + 8 > campo->width())
+            falhas << Nome(campo) + QStringLiteral(" recusa ou corta ") + texto;
+    }
+    return falhas;
+}
+
 // Types the text key by key, accented letters included.
 inline void Digitar(QWidget *w, const QString &texto)
 {
     for (const QChar c : texto)
-        QTest::sendKeyEvent(QTest::Click, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown,
-                            QString(c), Qt::NoModifier);
+        QTest::sendKeyEvent(QTest::Click, w, c.unicode() < 128 ? QTest::asciiToKey(c.toLatin1()) : Qt::Key_unknown, QString(c), Qt::NoModifier);
 }
 
 // The widgets Tab reaches from `inicio` until `fim`, each once even when Tab first moves inside
@@ -86,8 +98,7 @@ inline QList<QWidget *> CaminhoTab(QWidget *inicio, QWidget *fim)
     QList<QWidget *> caminho{QApplication::focusWidget()};
     for (int i = 0; i < 200 && caminho.last() && caminho.last() != fim; ++i) {
         QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
-        if (QApplication::focusWidget() != caminho.last())
-            caminho.append(QApplication::focusWidget());
+        if (QApplication::focusWidget() != caminho.last()) caminho.append(QApplication::focusWidget());
     }
     return caminho;
 }
@@ -106,14 +117,9 @@ inline QStringList OrdemTab(QWidget *raiz, const QList<QWidget *> &caminho)
 {
     QStringList ordem;
     for (int i = 0; i < caminho.size(); ++i) {
-        QWidget *a = i ? caminho[i - 1] : nullptr;
-        QWidget *b = caminho[i];
-        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) {
-            ordem << Bloco(raiz, b)->objectName();
-            continue;
-        }
-        const QRect ra(a->mapTo(raiz, QPoint()), a->size());
-        const QRect rb(b->mapTo(raiz, QPoint()), b->size());
+        QWidget *a = i ? caminho[i - 1] : nullptr, *b = caminho[i];
+        if (!a || Bloco(raiz, a) != Bloco(raiz, b)) { ordem << Bloco(raiz, b)->objectName(); continue; }
+        const QRect ra(a->mapTo(raiz, QPoint()), a->size()), rb(b->mapTo(raiz, QPoint()), b->size());
         const bool mesmaLinha = std::abs(ra.center().y() - rb.center().y()) < std::min(ra.height(), rb.height()) / 2;
         if (mesmaLinha ? rb.left() <= ra.left() : rb.center().y() <= ra.center().y())
             ordem << Nome(a) + QStringLiteral(" -> ") + Nome(b);
