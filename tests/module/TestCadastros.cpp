@@ -2,11 +2,8 @@
 #include "ItemEntradaTeste.h"
 #include "TCadastroF.h"
 
-#include <QPushButton>
 #include <QTimer>
 #include <QToolButton>
-
-#include <functional>
 
 namespace {
 
@@ -32,13 +29,11 @@ void NoDialogo(std::function<void(TCadastroF &)> passos)
     espera->start();
 }
 
-void Digitar(TCadastroF &f, const char *coluna, const QString &texto)
+void DigitarCampo(TCadastroF &f, const char *coluna, const char *texto)
 {
     auto *campo = qobject_cast<QLineEdit *>(f.Campo(QLatin1String(coluna)));
     ASSERT_TRUE(campo) << coluna;
-    campo->setFocus();
-    campo->selectAll();
-    QTest::keyClicks(campo, texto);
+    ::Digitar(campo, QString::fromUtf8(texto));
 }
 
 TEST_F(ItemEntrada, AUnitAddedInItsRegisterIsOfferedForTheItem)
@@ -46,21 +41,20 @@ TEST_F(ItemEntrada, AUnitAddedInItsRegisterIsOfferedForTheItem)
     abrir();
     novaNota();
     buscar(QStringLiteral("2"));
-    ASSERT_EQ(p->UnidComboBox()->currentText(), QStringLiteral("CX"));
-    ASSERT_EQ(p->UnidComboBox()->findText(QStringLiteral("PC")), -1);
+    ASSERT_EQ(p->UnidComboBox()->currentText() + QString::number(p->UnidComboBox()->findText(QStringLiteral("PC"))), QStringLiteral("CX-1"));
     NoDialogo([](TCadastroF &f) {
         EXPECT_EQ(f.objectName(), QStringLiteral("UnidF"));
         QTest::mouseClick(f.NovoButton(), Qt::LeftButton);
         EXPECT_EQ(qobject_cast<TNumEditBR *>(f.Campo(QStringLiteral("unid_cod")))->Value(), 3.0);
-        Digitar(f, "sigla", QStringLiteral("PC"));
-        Digitar(f, "descr", QStringLiteral("PACOTE D'AGUA"));
+        DigitarCampo(f, "sigla", "PC");
+        DigitarCampo(f, "descr", "PACOTE D'AGUA");
         QTest::mouseClick(f.GravarButton(), Qt::LeftButton);
     });
     QTest::mouseClick(p->UnidButton(), Qt::LeftButton);
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     EXPECT_EQ(db.valor(QStringLiteral("select sigla || '|' || descr from unid where unid_cod=3")), QStringLiteral("PC|PACOTE D'AGUA"));
+    // Offered, while the item keeps the unit it had.
     EXPECT_GE(p->UnidComboBox()->findText(QStringLiteral("PC")), 0);
-    // The item keeps the unit it had.
     EXPECT_EQ(p->UnidComboBox()->currentText(), QStringLiteral("CX"));
 }
 
@@ -76,12 +70,12 @@ TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
         EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("O campo Descrição é obrigatório"));
         EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod")), QStringLiteral("3"));
         dialogos.Limpar();
-        Digitar(*f, "descr", QStringLiteral("PRODUTO NOVO"));
+        DigitarCampo(*f, "descr", "PRODUTO NOVO");
         qobject_cast<QComboBox *>(f->Campo(QStringLiteral("unid_cod")))->setCurrentIndex(1);
         qobject_cast<QComboBox *>(f->Campo(QStringLiteral("trib_cod")))->setCurrentIndex(0);
-        Digitar(*f, "emb_qtd", QStringLiteral("6"));
-        Digitar(*f, "gtin", QStringLiteral("7890000000048"));
-        Digitar(*f, "ncm", QStringLiteral("2106.90.90"));
+        DigitarCampo(*f, "emb_qtd", "6");
+        DigitarCampo(*f, "gtin", "7890000000048");
+        DigitarCampo(*f, "ncm", "2106.90.90");
         ASSERT_TRUE(f->Gravar());
         EXPECT_TRUE(dialogos.Mensagens().isEmpty());
         EXPECT_EQ(f->Linhas().RecordCount(), 4);
@@ -94,23 +88,14 @@ TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
     buscar(QStringLiteral("7890000000048"));
     ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 4.0);
     EXPECT_EQ(p->EmbQtdNumEditBR()->text(), QStringLiteral("6,000"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("12"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("12"));
     completar();
     QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
     ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
-    tester.reset();
-    tela.reset();
     abrir();
     ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
     ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("prod_DESCR")).AsString(), QStringLiteral("PRODUTO NOVO"));
-}
-
-TEST(Cadastros, OnlyTheRegistersOfTheItemPanelAreKnown)
-{
-    EXPECT_TRUE(TCadastroDBI::Definicao(QStringLiteral("TribF"), QStringLiteral("TabFiscoTributAct")));
-    EXPECT_FALSE(TCadastroDBI::Definicao(QStringLiteral("TribF"), QStringLiteral("EstoqUnidAct")));
-    EXPECT_FALSE(TCadastroDBI::Definicao(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct")));
+    EXPECT_EQ(campo("prod_DESCR"), QStringLiteral("PRODUTO NOVO"));
 }
 
 } // namespace
