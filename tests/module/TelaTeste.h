@@ -20,6 +20,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 
 // The real screen, shown offscreen at the size of a clerk's monitor, once its note list is loaded.
 inline std::unique_ptr<TRepF> AbrirTela()
@@ -53,10 +54,17 @@ protected:
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
         Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
     }
-    void TearDown() override { Contexto::Atual().estacao = 1; }
+    void TearDown() override
+    {
+        m_secao.reset();
+        Contexto::Atual().estacao = 1;
+    }
+    // Names the part of a long screen story that a failure belongs to, in place of the last one.
+    void secao(const char *nome) { m_secao.emplace(__FILE__, __LINE__, nome); }
     void sql(const QString &script) { ASSERT_EQ(db.execScript(script), QString()); }
     QString primeiraMensagem() const { return dialogos.Mensagens().isEmpty() ? QString() : dialogos.Mensagens().first().texto; }
 
     TestDatabase db;
     DialogosTeste dialogos;
+    std::optional<::testing::ScopedTrace> m_secao;
 };

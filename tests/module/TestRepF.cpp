@@ -76,109 +76,100 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     TClientDataSet &notas = tela->RepD().Notas();
     QTableView *lista = tela->findChild<QTableView *>(QStringLiteral("NotasDBGrid"));
     TEdNotaPanel *h = tela->EdNotaPanel();
-    {
-        SCOPED_TRACE("showing loads the list and starts browsing");
-        EXPECT_EQ(notas.RecordCount(), 2);
-        EXPECT_EQ(tela->windowTitle() + '|' + tela->ItemPanel()->title(), QStringLiteral("Pavrel - Consultando|Item - Consultando"));
-        EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
-        EXPECT_FALSE(h->isVisible());
-        EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    secao("showing loads the list and starts browsing");
+    EXPECT_EQ(notas.RecordCount(), 2);
+    EXPECT_EQ(tela->windowTitle() + '|' + tela->ItemPanel()->title(), QStringLiteral("Pavrel - Consultando|Item - Consultando"));
+    EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
+    EXPECT_FALSE(h->isVisible());
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    secao("the headless listing prints what the grid shows");
+    QString saida, erros;
+    QTextStream out(&saida), err(&erros);
+    ASSERT_EQ(ComandosHeadless::Executar({QStringLiteral("notes")}, out, err), 0) << erros.toStdString();
+    QStringList grade;
+    for (int linha = 0; linha < lista->model()->rowCount(); ++linha) {
+        QStringList celulas;
+        for (int coluna = 0; coluna < lista->model()->columnCount(); ++coluna)
+            celulas << lista->model()->index(linha, coluna).data().toString();
+        grade << celulas.join(QLatin1Char('\t'));
     }
-    {
-        SCOPED_TRACE("the headless listing prints what the grid shows");
-        QString saida, erros;
-        QTextStream out(&saida), err(&erros);
-        ASSERT_EQ(ComandosHeadless::Executar({QStringLiteral("notes")}, out, err), 0) << erros.toStdString();
-        QStringList grade;
-        for (int linha = 0; linha < lista->model()->rowCount(); ++linha) {
-            QStringList celulas;
-            for (int coluna = 0; coluna < lista->model()->columnCount(); ++coluna)
-                celulas << lista->model()->index(linha, coluna).data().toString();
-            grade << celulas.join(QLatin1Char('\t'));
-        }
-        EXPECT_EQ(saida.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(1), grade);
-        EXPECT_TRUE(saida.contains(QStringLiteral("001-0000001")));
-        EXPECT_EQ(ComandosHeadless::Executar({QStringLiteral("notes"), QStringLiteral("--cancelled"), QStringLiteral("talvez")}, out, err), 2);
-    }
-    {
-        SCOPED_TRACE("the task menu shows over its button and hides over the list");
-        QWidget *menu = tela->findChild<QWidget *>(QStringLiteral("MenuPanel"));
-        QEvent entrar(QEvent::Enter);
-        QCoreApplication::sendEvent(tela->findChild<QWidget *>(QStringLiteral("TarefasButton")), &entrar);
-        EXPECT_TRUE(menu->isVisible());
-        QCoreApplication::sendEvent(lista->viewport(), &entrar);
-        EXPECT_FALSE(menu->isVisible());
-    }
-    {
-        SCOPED_TRACE("enter moves the focus like tab");
-        QWidget *busca = tela->findChild<QWidget *>(QStringLiteral("NDocPosNumEditBR"));
-        busca->setFocus();
-        ASSERT_TRUE(busca->hasFocus());
-        QTest::keyClick(busca, Qt::Key_Return);
-        EXPECT_FALSE(busca->hasFocus());
-    }
-    {
-        SCOPED_TRACE("F6 does nothing on a posted note while browsing; a posted note keeps its type");
-        ASSERT_TRUE(notas.Locate(QStringLiteral("compra_COD"), 1));
-        ASSERT_TRUE(tela->NotaAtualBaixada());
-        const int antes = tela->TipoDocComboBox()->currentIndex();
+    EXPECT_EQ(saida.split(QLatin1Char('\n'), Qt::SkipEmptyParts).mid(1), grade);
+    EXPECT_TRUE(saida.contains(QStringLiteral("001-0000001")));
+    EXPECT_EQ(ComandosHeadless::Executar({QStringLiteral("notes"), QStringLiteral("--cancelled"), QStringLiteral("talvez")}, out, err), 2);
+
+    secao("the task menu shows over its button and hides over the list");
+    QWidget *menu = tela->findChild<QWidget *>(QStringLiteral("MenuPanel"));
+    QEvent entrar(QEvent::Enter);
+    QCoreApplication::sendEvent(tela->findChild<QWidget *>(QStringLiteral("TarefasButton")), &entrar);
+    EXPECT_TRUE(menu->isVisible());
+    QCoreApplication::sendEvent(lista->viewport(), &entrar);
+    EXPECT_FALSE(menu->isVisible());
+
+    secao("enter moves the focus like tab");
+    QWidget *busca = tela->findChild<QWidget *>(QStringLiteral("NDocPosNumEditBR"));
+    busca->setFocus();
+    ASSERT_TRUE(busca->hasFocus());
+    QTest::keyClick(busca, Qt::Key_Return);
+    EXPECT_FALSE(busca->hasFocus());
+
+    secao("F6 does nothing on a posted note while browsing; a posted note keeps its type");
+    ASSERT_TRUE(notas.Locate(QStringLiteral("compra_COD"), 1));
+    ASSERT_TRUE(tela->NotaAtualBaixada());
+    const int antes = tela->TipoDocComboBox()->currentIndex();
+    QTest::keyClick(lista, Qt::Key_F6);
+    EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), antes);
+    tela->SetCabecState(TDataSetState::Edit);
+    h->show();
+    tela->TipoDocComboBox()->setCurrentIndex(0);
+    tela->TipoDocComboBox()->setCurrentIndex(2);
+    EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), 0);
+
+    secao("other types take their number from the NF-e");
+    ASSERT_TRUE(notas.Locate(QStringLiteral("compra_COD"), 2));
+    h->NDocNumEditBR()->SetValue(123);
+    tela->TipoDocComboBox()->setCurrentIndex(1);
+    EXPECT_EQ(h->NDocNumEditBR()->Value(), 0.0);
+    EXPECT_TRUE(h->NDocNumEditBR()->isReadOnly());
+    EXPECT_EQ(h->SerieNumEditBR()->Value(), 1.0);
+    tela->TipoDocComboBox()->setCurrentIndex(0);
+    EXPECT_FALSE(h->NDocNumEditBR()->isReadOnly());
+
+    secao("F6 cycles and wraps while inserting");
+    tela->SetCabecState(TDataSetState::Insert);
+    tela->TipoDocComboBox()->setCurrentIndex(5);
+    QStringList vistos;
+    for (int i = 0; i < 2; ++i) {
         QTest::keyClick(lista, Qt::Key_F6);
-        EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), antes);
-        tela->SetCabecState(TDataSetState::Edit);
-        h->show();
-        tela->TipoDocComboBox()->setCurrentIndex(0);
-        tela->TipoDocComboBox()->setCurrentIndex(2);
-        EXPECT_EQ(tela->TipoDocComboBox()->currentIndex(), 0);
+        vistos << QString::number(tela->TipoDocComboBox()->currentIndex()) + ' ' + tela->TipoDocLabel()->text();
     }
-    {
-        SCOPED_TRACE("other types take their number from the NF-e");
-        ASSERT_TRUE(notas.Locate(QStringLiteral("compra_COD"), 2));
-        h->NDocNumEditBR()->SetValue(123);
-        tela->TipoDocComboBox()->setCurrentIndex(1);
-        EXPECT_EQ(h->NDocNumEditBR()->Value(), 0.0);
-        EXPECT_TRUE(h->NDocNumEditBR()->isReadOnly());
-        EXPECT_EQ(h->SerieNumEditBR()->Value(), 1.0);
-        tela->TipoDocComboBox()->setCurrentIndex(0);
-        EXPECT_FALSE(h->NDocNumEditBR()->isReadOnly());
-    }
-    {
-        SCOPED_TRACE("F6 cycles and wraps while inserting");
-        tela->SetCabecState(TDataSetState::Insert);
-        tela->TipoDocComboBox()->setCurrentIndex(5);
-        QStringList vistos;
-        for (int i = 0; i < 2; ++i) {
-            QTest::keyClick(lista, Qt::Key_F6);
-            vistos << QString::number(tela->TipoDocComboBox()->currentIndex()) + ' ' + tela->TipoDocLabel()->text();
-        }
-        EXPECT_EQ(vistos, (QStringList{"6 NOTA COMPLEMENTAR", "0 ENTRADA"}));
-    }
-    {
-        SCOPED_TRACE("escape with the note panel open asks before cancelling");
-        dialogos.Responder(true);
-        QTest::keyClick(h->NDocNumEditBR(), Qt::Key_Escape);
-        ASSERT_EQ(dialogos.Perguntas().size(), 1);
-        EXPECT_EQ(dialogos.Perguntas().first().texto,
-                  QStringLiteral("Existem alterações ainda não gravadas. Deseja cancelar estas alterações?"));
-        EXPECT_FALSE(h->isVisible());
-        EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
-        dialogos.Limpar();
-    }
-    {
-        SCOPED_TRACE("closing with unsaved work asks and stays on no");
-        // A price written for a product still being typed: discarding removes it.
-        sql(QStringLiteral("insert into prod_preco (prod_preco_cod, empr_cod, tab_preco_cod, prod_cod, preco) values (1, 1, 1, 0, 5)"));
-        tela->SetCabecState(TDataSetState::Insert);
-        dialogos.Responder(false);
-        EXPECT_FALSE(tela->close());
-        EXPECT_TRUE(tela->isVisible());
-        ASSERT_EQ(dialogos.Perguntas().size(), 1);
-        EXPECT_EQ(dialogos.Perguntas().first().texto,
-                  QStringLiteral("Existem informações não gravadas. Deseja descartar estas alterações?"));
-        EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod_preco")), QStringLiteral("1"));
-        dialogos.Responder(true);
-        EXPECT_TRUE(tela->close());
-        EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod_preco")), QStringLiteral("0"));
-    }
+    EXPECT_EQ(vistos, (QStringList{"6 NOTA COMPLEMENTAR", "0 ENTRADA"}));
+
+    secao("escape with the note panel open asks before cancelling");
+    dialogos.Responder(true);
+    QTest::keyClick(h->NDocNumEditBR(), Qt::Key_Escape);
+    ASSERT_EQ(dialogos.Perguntas().size(), 1);
+    EXPECT_EQ(dialogos.Perguntas().first().texto,
+              QStringLiteral("Existem alterações ainda não gravadas. Deseja cancelar estas alterações?"));
+    EXPECT_FALSE(h->isVisible());
+    EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
+    dialogos.Limpar();
+
+    secao("closing with unsaved work asks and stays on no");
+    // A price written for a product still being typed: discarding removes it.
+    sql(QStringLiteral("insert into prod_preco (prod_preco_cod, empr_cod, tab_preco_cod, prod_cod, preco) values (1, 1, 1, 0, 5)"));
+    tela->SetCabecState(TDataSetState::Insert);
+    dialogos.Responder(false);
+    EXPECT_FALSE(tela->close());
+    EXPECT_TRUE(tela->isVisible());
+    ASSERT_EQ(dialogos.Perguntas().size(), 1);
+    EXPECT_EQ(dialogos.Perguntas().first().texto,
+              QStringLiteral("Existem informações não gravadas. Deseja descartar estas alterações?"));
+    EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod_preco")), QStringLiteral("1"));
+    dialogos.Responder(true);
+    EXPECT_TRUE(tela->close());
+    EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod_preco")), QStringLiteral("0"));
 }
 
 } // namespace

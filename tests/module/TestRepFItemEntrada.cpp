@@ -94,70 +94,66 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
 {
     abrir();
     novaNota();
-    {
-        SCOPED_TRACE("the price follows the cost key by key");
-        buscar(QStringLiteral("1"));
-        ASSERT_EQ(p->MargemNumEditBR()->text(), QStringLiteral("30,00"));
-        Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
-        Digitar(p->CustoTotItemNumEditBR(), QString());
-        QStringList vistos;
-        for (const char *tecla : {"1", "0", "0"}) {
-            QTest::keyClicks(p->CustoTotItemNumEditBR(), QLatin1String(tecla));
-            vistos << p->PrecoNumEditBR()->text();
-        }
-        // 1, 10 and 100 / 3 x 1,3 cut to the cent; the other tables add +10% and -5% of the first.
-        EXPECT_EQ(vistos, (QStringList{"0,43", "4,33", "43,33"}));
-        EXPECT_EQ((QStringList{p->CustoNumEditBR()->text(), preco(1)->text(), preco(2)->text(), preco(3)->text(), p->CustoTotItemNumEditBR()->text()}),
-                  (QStringList{"33,3333", "43,33", "47,66", "41,17", "100"}));
+
+    secao("the price follows the cost key by key");
+    buscar(QStringLiteral("1"));
+    ASSERT_EQ(p->MargemNumEditBR()->text(), QStringLiteral("30,00"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
+    Digitar(p->CustoTotItemNumEditBR(), QString());
+    QStringList vistos;
+    for (const char *tecla : {"1", "0", "0"}) {
+        QTest::keyClicks(p->CustoTotItemNumEditBR(), QLatin1String(tecla));
+        vistos << p->PrecoNumEditBR()->text();
     }
-    {
-        SCOPED_TRACE("escape abandons the item and keeps the note");
-        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-        EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
-        EXPECT_TRUE(p->BuscaLabeledEdit()->text().isEmpty());
-        EXPECT_EQ(tela->CabecState(), TDataSetState::Insert);
-        EXPECT_EQ(h->NDocNumEditBR()->Value(), 4587.0);
-        EXPECT_TRUE(dialogos.Perguntas().isEmpty());
-        EXPECT_EQ(itens().RecordCount(), 0);
-    }
-    {
-        SCOPED_TRACE("the product list drops down while a description is typed");
-        QFrame *lista = p->ProdPanel();
-        QAbstractItemModel *modelo = p->ProdDBGrid()->model();
-        Digitar(p->BuscaLabeledEdit(), QStringLiteral("dois"));
-        ASSERT_TRUE(lista->isVisible());
-        ASSERT_EQ(modelo->rowCount(), 1);
-        EXPECT_EQ(modelo->headerData(2, Qt::Horizontal).toString() + modelo->index(0, 2).data().toString(),
-                  QStringLiteral("Código00002"));
-        QTest::keyClick(p->BuscaLabeledEdit(), Qt::Key_Down);
-        ASSERT_EQ(Foco(), QStringLiteral("ProdDBGrid"));
-        QTest::keyClick(p->ProdDBGrid(), Qt::Key_Return);
-        EXPECT_FALSE(lista->isVisible());
-        EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 2.0);
-        EXPECT_EQ(Foco(), QStringLiteral("CFOPItemNumEditBR"));
-        // Digits are a code being typed; leaving the field closes the list a moment later.
-        Digitar(p->BuscaLabeledEdit(), QStringLiteral("789"));
-        EXPECT_FALSE(lista->isVisible());
-        Digitar(p->BuscaLabeledEdit(), QStringLiteral("produto"));
-        ASSERT_EQ(modelo->rowCount(), 3);
-        p->CFOPItemNumEditBR()->setFocus();
-        EXPECT_TRUE(lista->isVisible());
-        QTRY_VERIFY_WITH_TIMEOUT(!lista->isVisible(), 2000);
-        EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    }
-    {
-        SCOPED_TRACE("the bought quantity is cut at four decimals, not rounded");
-        buscar(QStringLiteral("1"));
-        Digitar(p->EmbQtdNumEditBR(), QStringLiteral("1,111"));
-        Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
-        EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
-        Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
-        completar();
-        ASSERT_EQ(itens().RecordCount(), 1);
-        EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), 1.2387);
-        // 10 / 1,2387 at four decimals.
-        EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_unit")).AsMoney().toString(), QStringLiteral("8.073"));
-    }
+    // 1, 10 and 100 / 3 x 1,3 cut to the cent; the other tables add +10% and -5% of the first.
+    EXPECT_EQ(vistos, (QStringList{"0,43", "4,33", "43,33"}));
+    EXPECT_EQ((QStringList{p->CustoNumEditBR()->text(), preco(1)->text(), preco(2)->text(), preco(3)->text(), p->CustoTotItemNumEditBR()->text()}),
+              (QStringList{"33,3333", "43,33", "47,66", "41,17", "100"}));
+
+    secao("escape abandons the item and keeps the note");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
+    EXPECT_TRUE(p->BuscaLabeledEdit()->text().isEmpty());
+    EXPECT_EQ(tela->CabecState(), TDataSetState::Insert);
+    EXPECT_EQ(h->NDocNumEditBR()->Value(), 4587.0);
+    EXPECT_TRUE(dialogos.Perguntas().isEmpty());
+    EXPECT_EQ(itens().RecordCount(), 0);
+
+    secao("the product list drops down while a description is typed");
+    QFrame *lista = p->ProdPanel();
+    QAbstractItemModel *modelo = p->ProdDBGrid()->model();
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("dois"));
+    ASSERT_TRUE(lista->isVisible());
+    ASSERT_EQ(modelo->rowCount(), 1);
+    EXPECT_EQ(modelo->headerData(2, Qt::Horizontal).toString() + modelo->index(0, 2).data().toString(),
+              QStringLiteral("Código00002"));
+    QTest::keyClick(p->BuscaLabeledEdit(), Qt::Key_Down);
+    ASSERT_EQ(Foco(), QStringLiteral("ProdDBGrid"));
+    QTest::keyClick(p->ProdDBGrid(), Qt::Key_Return);
+    EXPECT_FALSE(lista->isVisible());
+    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 2.0);
+    EXPECT_EQ(Foco(), QStringLiteral("CFOPItemNumEditBR"));
+    // Digits are a code being typed; leaving the field closes the list a moment later.
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("789"));
+    EXPECT_FALSE(lista->isVisible());
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("produto"));
+    ASSERT_EQ(modelo->rowCount(), 3);
+    p->CFOPItemNumEditBR()->setFocus();
+    EXPECT_TRUE(lista->isVisible());
+    QTRY_VERIFY_WITH_TIMEOUT(!lista->isVisible(), 2000);
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
+    secao("the bought quantity is cut at four decimals, not rounded");
+    buscar(QStringLiteral("1"));
+    Digitar(p->EmbQtdNumEditBR(), QStringLiteral("1,111"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
+    EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
+    completar();
+    ASSERT_EQ(itens().RecordCount(), 1);
+    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), 1.2387);
+    // 10 / 1,2387 at four decimals.
+    EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_unit")).AsMoney().toString(), QStringLiteral("8.073"));
 }
 
 TEST_F(ItemEntrada, AProductionItemIsCompletedByItsPackagesWhenNoCostIsRequired)
