@@ -44,8 +44,7 @@ protected:
 TEST_F(RepFCabec, F3ThenATypedEntryIsSavedListedAlteredAndNotTypedTwice)
 {
     digitarEntrada();
-    EXPECT_EQ(tela->windowTitle(), QStringLiteral("Pavrel - Inserindo"));
-    EXPECT_EQ(p->TotNumEditBR()->text(), QStringLiteral("1245,06"));
+    EXPECT_EQ(tela->windowTitle() + ' ' + p->TotNumEditBR()->text(), "Pavrel - Inserindo 1245,06");
     ASSERT_TRUE(gravar()) << primeiraMensagem().toStdString();
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     EXPECT_EQ(db.valor(QStringLiteral("select nat_op_str || '|' || ndoc || '|' || serie || '|' || tot || '|' || "
@@ -63,16 +62,13 @@ TEST_F(RepFCabec, F3ThenATypedEntryIsSavedListedAlteredAndNotTypedTwice)
               (QStringList{"4587", "Compra p/ revenda; D'Ávila", "08:30", "1245,06"}));
     Digitar(p->NDocNumEditBR(), QStringLiteral("4588"));
     ASSERT_TRUE(gravar());
-    EXPECT_EQ(db.valor(QStringLiteral("select list(ndoc) from compra")), QStringLiteral("4588"));
-    EXPECT_EQ(db.valor(QStringLiteral("select count(*) from log_alt where tabela='COMPRA'")), QStringLiteral("1"));
-    EXPECT_EQ(notas.FieldByName(QStringLiteral("NDOC")).AsInteger(), 4588);
-    EXPECT_EQ(notas.RecordCount(), 1);
+    EXPECT_EQ(db.valor(QStringLiteral("select list(ndoc) || ' ' || (select count(*) from log_alt where tabela='COMPRA') from compra")), "4588 1");
+    EXPECT_EQ(notas.FieldByName(QStringLiteral("NDOC")).AsString() + ' ' + QString::number(notas.RecordCount()), "4588 1");
 
     digitarEntrada("4588");
     dialogos.Limpar();
     EXPECT_FALSE(gravar());
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
-              QStringLiteral("Este número de documento já foi cadastrado para este fornecedor e para este tipo de nota"));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "Este número de documento já foi cadastrado para este fornecedor e para este tipo de nota");
     EXPECT_EQ(notasNoBanco(), 1);
 }
 
@@ -164,10 +160,8 @@ TEST_F(RepFCabec, ADatabaseFailureKeepsWhatWasTyped)
     p->CompraNatOpLabeledEdit()->setMaxLength(500);
     p->CompraNatOpLabeledEdit()->setText(longa);
     EXPECT_FALSE(gravar());
-    const QString mensagem = dialogos.UnicaMensagem(TipoMensagem::Erro);
-    EXPECT_TRUE(mensagem.startsWith(QStringLiteral("Erro gravando a nota: "))) << mensagem.toStdString();
-    EXPECT_TRUE(p->isVisible());
-    EXPECT_EQ(p->CompraNatOpLabeledEdit()->text(), longa);
+    EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro).startsWith("Erro gravando a nota: ")) << primeiraMensagem().toStdString();
+    EXPECT_EQ(p->isVisible() ? p->CompraNatOpLabeledEdit()->text() : QString(), longa);
     EXPECT_EQ(notasNoBanco(), 0);
 }
 

@@ -125,8 +125,7 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
     Digitar(p->BuscaLabeledEdit(), QStringLiteral("dois"));
     ASSERT_TRUE(lista->isVisible());
     ASSERT_EQ(modelo->rowCount(), 1);
-    EXPECT_EQ(modelo->headerData(2, Qt::Horizontal).toString() + modelo->index(0, 2).data().toString(),
-              QStringLiteral("Código00002"));
+    EXPECT_EQ(modelo->index(0, 2).data().toString(), "00002");
     QTest::keyClick(p->BuscaLabeledEdit(), Qt::Key_Down);
     ASSERT_EQ(Foco(), QStringLiteral("ProdDBGrid"));
     QTest::keyClick(p->ProdDBGrid(), Qt::Key_Return);
@@ -150,10 +149,8 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
     EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
     Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
     completar();
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), 1.2387);
     // 10 / 1,2387 at four decimals.
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_unit")).AsMoney().toString(), QStringLiteral("8.073"));
+    EXPECT_EQ((campo("QTD_COMPRADA") + ' ' + campo("CUSTO_unit")).toStdString(), "1.2387 8.073");
 }
 
 TEST_F(ItemEntrada, AProductionItemIsCompletedByItsPackagesWhenNoCostIsRequired)
@@ -166,9 +163,7 @@ TEST_F(ItemEntrada, AProductionItemIsCompletedByItsPackagesWhenNoCostIsRequired)
     QTest::keyClicks(p->QtdEmbsNumEditBR(), QStringLiteral("5"));
     QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Return);
     ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_EMBS")).AsFloat(), 5.0);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_TOT")).AsMoney(), Money());
-    EXPECT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    EXPECT_EQ((campo("QTD_EMBS") + ' ' + campo("CUSTO_TOT") + ' ' + Foco()).toStdString(), "5 0 BuscaLabeledEdit");
 }
 
 TEST_F(ItemEntrada, AComplementaryNoteTakesAnItemWithoutQuantities)
@@ -182,9 +177,8 @@ TEST_F(ItemEntrada, AComplementaryNoteTakesAnItemWithoutQuantities)
     Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("15"));
     completar();
     ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("EMB_QTD")).AsFloat() + itens().FieldByName(QStringLiteral("QTD_EMBS")).AsFloat(), 0.0);
     // No bought quantity: no unit cost either, and no division by zero.
-    EXPECT_TRUE(itens().FieldByName(QStringLiteral("CUSTO_unit")).IsNull());
+    EXPECT_EQ((campo("EMB_QTD") + ' ' + campo("QTD_EMBS") + ' ' + campo("CUSTO_unit")).toStdString(), "0 0 ");
 }
 
 TEST_F(ItemEntrada, WhereThePricesAreNotTypedEnterOnTheLastFieldCompletesTheItem)
@@ -197,8 +191,7 @@ TEST_F(ItemEntrada, WhereThePricesAreNotTypedEnterOnTheLastFieldCompletesTheItem
     Digitar(p->TribIcmsvICMSSTRet_NumEditBR(), QStringLiteral("1"));
     QTest::keyClick(p->TribIcmsvICMSSTRet_NumEditBR(), Qt::Key_Return);
     ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("TRIB_ICMS_VICMSSTRET")).AsMoney(), Money::fromInt(1));
-    EXPECT_EQ(Foco(), QStringLiteral("ProdCodDelesLabeledEdit"));
+    EXPECT_EQ((campo("TRIB_ICMS_VICMSSTRET") + ' ' + Foco()).toStdString(), "1 ProdCodDelesLabeledEdit");
 }
 
 TEST_F(ItemEntrada, AProductWithAGradeOffersItsVariantsOnly)
@@ -216,16 +209,15 @@ TEST_F(ItemEntrada, AProductWithAGradeOffersItsVariantsOnly)
     const auto combos = [this] {
         QStringList r;
         for (QComboBox *c : tela->GradeCombos()) {
-            QStringList t;
+            r << QString::number(c->isEnabled()) + ':';
             for (int i = 0; i < c->count(); ++i)
-                t << c->itemText(i);
-            r << QString::number(c->isEnabled()) + ':' + t.join(',');
+                r.last() += c->itemText(i) + ',';
         }
         return r.join(' ');
     };
     novaNota();
     buscar(QStringLiteral("2"));
-    EXPECT_EQ(combos(), QStringLiteral("1:UNICO,AZUL,VERDE 0:"));
+    EXPECT_EQ(combos(), QStringLiteral("1:UNICO,AZUL,VERDE, 0:"));
     buscar(QStringLiteral("1"));
     EXPECT_EQ(combos(), QStringLiteral("0: 0:"));
 }
