@@ -8,14 +8,6 @@ namespace {
 
 class RepF : public TelaTeste
 {
-protected:
-    // A note of company 1, station 1, dated this month.
-    void nota(int codigo, const char *tipo, bool baixado)
-    {
-        sql(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, dt_doc, ndoc, serie, "
-                           "fornec_cod, tot, baixado, cancelado) values (1, 1, %1, '%2', '2026-11-10', %1, '1', 1, 10, "
-                           "'%3', 'N')").arg(codigo).arg(QLatin1String(tipo)).arg(baixado ? 'S' : 'N'));
-    }
 };
 
 TEST_F(RepF, ConfigurationFlagsAreOnUnlessN)
@@ -70,8 +62,12 @@ TEST_F(RepF, FiscalPrinterFailureIsShownAndTheScreenStillOpens)
 
 TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
 {
-    nota(1, "\"", true);
-    nota(2, "\"", false);
+    NotaTeste n;
+    n.baixado = true;
+    ASSERT_EQ(InserirNota(db, n), QString());
+    n.compra = 2;
+    n.baixado = false;
+    ASSERT_EQ(InserirNota(db, n), QString());
     auto tela = AbrirTela();
     TClientDataSet &notas = tela->RepD().Notas();
     QTableView *lista = tela->findChild<QTableView *>(QStringLiteral("NotasDBGrid"));
