@@ -4,38 +4,33 @@
 
 namespace {
 
-// A purchase entry of company 1 with one staged item of product 1 that agrees with its header.
 class RepFAcoes : public TelaTeste
 {
-protected:
-    void SetUp() override
-    {
-        TelaTeste::SetUp();
-        sql(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, dt_doc, ndoc, serie, fornec_cod, "
-                           "tot_prods, tot) values (1, 10, 345, '\"', '2026-11-10', 77, '1', 1, 20, 20);"
-                           "insert into compra_item_tmp (empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod, "
-                           "unid_cod, trib_cod, ordem, emb_qtd, qtd_embs, custo_tot) values (1, 10, 345, 1, 1, 1, 1, 1, 1, 2, 20);"
-                           "insert into compra_item_tmp_precos (empr_cod, estacao_cod, compra_item_tmp_cod, tab_preco_cod, "
-                           "preco) values (1, 10, 1, 1, 15);"));
-        tela = AbrirTela();
-        ASSERT_EQ(tela->RepD().Notas().RecordCount(), 1);
-    }
-
-    void acionar(const char *acao)
-    {
-        dialogos.Limpar();
-        QAction *a = tela->Acao(QLatin1String(acao));
-        ASSERT_TRUE(a->isEnabled()) << acao;
-        a->trigger();
-    }
-    // "posted cancelled stock moves" as stored.
-    QString banco() { return db.valor(QStringLiteral("select baixado || cancelado || ' ' || (select count(*) from compra_est_mov) from compra")); }
-
-    std::unique_ptr<TRepF> tela;
 };
 
+// A purchase entry of station 10 with one staged item that agrees with its header.
 TEST_F(RepFAcoes, PostUnpostAndCancelThroughTheirActions)
 {
+    NotaTeste n;
+    n.estacao = 10;
+    n.compra = 345;
+    n.itens = {ItemTeste()};
+    n.itens[0].qtdEmbs = QStringLiteral("2");
+    n.itens[0].custoTot = QStringLiteral("20");
+    n.itens[0].precos = {{1, QStringLiteral("15")}};
+    ASSERT_EQ(InserirNota(db, n), QString());
+    sql(QStringLiteral("update compra_item_tmp set unid_cod=1, trib_cod=1"));
+    auto tela = AbrirTela();
+    ASSERT_EQ(tela->RepD().Notas().RecordCount(), 1);
+    const auto acionar = [&](const char *acao) {
+        dialogos.Limpar();
+        QAction *a = tela->Acao(QLatin1String(acao));
+        EXPECT_TRUE(a->isEnabled()) << acao;
+        a->trigger();
+    };
+    // "posted cancelled stock moves" as stored.
+    const auto banco = [&] { return db.valor(QStringLiteral("select baixado || cancelado || ' ' || (select count(*) from compra_est_mov) from compra")); };
+
     acionar("BaixarAct");
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
     EXPECT_EQ(banco(), "SN 1");
