@@ -125,56 +125,52 @@ TEST_F(ItemEntrada, DeletingOnANewNote)
     EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 2.0);
 }
 
-// A stored note 7 with items 501 (product 1) and 502 (product 2), opened for altering.
-class ItemNotaGravada : public ItemEntrada
+// Stored notes 7 (posted) and 8, each with items of products 1 and 2, opened for altering.
+TEST_F(ItemEntrada, AStoredNotesItemIsDeletedAtOnceUnlessTheNoteIsPosted)
 {
-protected:
-    void alterar(bool baixada)
-    {
+    for (int compra : {7, 8}) {
         NotaTeste n;
-        n.compra = 7;
-        n.baixado = baixada;
+        n.compra = compra;
+        n.baixado = compra == 7;
         n.itens = {ItemTeste(), ItemTeste()};
-        n.itens[0].cod = 501;
-        n.itens[1].cod = 502;
+        n.itens[0].cod = compra * 100 + 1;
+        n.itens[1].cod = compra * 100 + 2;
         n.itens[1].prod = 2;
         ASSERT_EQ(InserirNota(db, n), QString());
-        // Items are listed with their unit.
-        sql(QStringLiteral("update compra_item_tmp set unid_cod=1, trib_cod=1"));
-        abrir();
-        ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("compra_COD"), 7));
-        tela->AltActExecute();
-        ASSERT_EQ(itens().RecordCount(), 2);
     }
-};
+    // Items are listed with their unit.
+    sql(QStringLiteral("update compra_item_tmp set unid_cod=1, trib_cod=1"));
+    const auto alterar = [this](int compra) {
+        abrir();
+        EXPECT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("compra_COD"), compra));
+        tela->AltActExecute();
+        return itens().RecordCount();
+    };
 
-TEST_F(ItemNotaGravada, DeletingAnItemDeletesItsRowsAtOnce)
-{
-    alterar(false);
-    ASSERT_TRUE(itens().Locate(QStringLiteral("COMPRA_ITEM_TMP_COD"), 501));
-    RegistroSql registro;
-    dialogos.Responder(true);
-    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
-    EXPECT_EQ(RegistroSql::ComInicio(QStringLiteral("delete")),
-              (QStringList{"delete from compra_item_tmp where empr_cod=1 and compra_item_tmp_cod=501 and estacao_cod=1",
-                           "delete from compra_item_tmp_precos where empr_cod=1 and compra_item_tmp_cod=501 and estacao_cod=1"}));
-    EXPECT_EQ(itens().RecordCount(), 1);
-    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
-    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
-    EXPECT_EQ(db.valor(QStringLiteral("select list(compra_item_tmp_cod) from compra_item_tmp")), QStringLiteral("502"));
-}
-
-TEST_F(ItemNotaGravada, APostedNotesItemsCanBeNeitherAlteredNorDeleted)
-{
-    alterar(true);
+    secao("posted");
+    ASSERT_EQ(alterar(7), 2);
     duploClique(0);
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("A nota já foi baixada"));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "A nota já foi baixada");
     EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
     EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 0.0);
     dialogos.Limpar();
     QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), QStringLiteral("A nota já foi baixada. O item não pode ser excluido"));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), "A nota já foi baixada. O item não pode ser excluido");
     EXPECT_EQ(itens().RecordCount(), 2);
+
+    secao("not posted");
+    ASSERT_EQ(alterar(8), 2);
+    ASSERT_TRUE(itens().Locate(QStringLiteral("COMPRA_ITEM_TMP_COD"), 801));
+    RegistroSql registro;
+    dialogos.Responder(true);
+    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
+    EXPECT_EQ(RegistroSql::ComInicio(QStringLiteral("delete")),
+              (QStringList{"delete from compra_item_tmp where empr_cod=1 and compra_item_tmp_cod=801 and estacao_cod=1",
+                           "delete from compra_item_tmp_precos where empr_cod=1 and compra_item_tmp_cod=801 and estacao_cod=1"}));
+    EXPECT_EQ(itens().RecordCount(), 1);
+    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
+    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
+    EXPECT_EQ(db.valor(QStringLiteral("select list(compra_item_tmp_cod) from compra_item_tmp where compra_cod=8")), "802");
 }
 
 } // namespace
