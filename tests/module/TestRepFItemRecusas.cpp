@@ -15,37 +15,6 @@ struct Recusa
     const char *campo;      // where the focus is left
 };
 
-std::ostream &operator<<(std::ostream &os, const Recusa &r) { return os << r.nome; }
-
-class ItemRecusa : public ItemEntrada, public ::testing::WithParamInterface<Recusa>
-{
-};
-
-// One thing wrong: one message, the focus on the field, no item and the product kept.
-TEST_P(ItemRecusa, ShowsItsMessageOnceAndAddsNothing)
-{
-    const Recusa r = GetParam();
-    abrir();
-    novaNota(r.tipoIndice);
-    if (*r.busca) {
-        buscar(QLatin1String(r.busca));
-        ASSERT_GE(p->ProdCodNumEditBR()->Value(), 1.0);
-    }
-    p->CustoTotItemNumEditBR()->SetValue(10);
-    r.defeito(p, h);
-    ASSERT_TRUE(dialogos.Mensagens().isEmpty());
-    const double prodCod = p->ProdCodNumEditBR()->Value();
-    if (r.sair)
-        p->DescontoItemNumEditBR()->setFocus();
-    else
-        completar();
-    EXPECT_EQ(dialogos.UnicaMensagem(r.tipo), QString::fromUtf8(r.mensagem));
-    EXPECT_EQ(Foco(), QLatin1String(r.campo));
-    EXPECT_EQ(itens().RecordCount(), 0);
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), prodCod);
-    EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
-}
-
 template <auto Campo>
 auto Digita(const char *texto)
 {
@@ -55,19 +24,45 @@ auto Digita(const char *texto)
 const auto E = TipoMensagem::Erro;
 const auto I = TipoMensagem::Info;
 
-INSTANTIATE_TEST_SUITE_P(, ItemRecusa, ::testing::Values(
-    Recusa{"package_quantity_zero", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->EmbQtdNumEditBR()->SetValue(0); }, false, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
-    Recusa{"package_count_below_a_thousandth", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, false, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
-    Recusa{"no_total_cost", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->CustoTotItemNumEditBR()->SetValue(0); }, false, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
-    Recusa{"return_without_ncm", 1, "1", [](TItemPanel *p, TEdNotaPanel *) { p->NCMMaskEdit()->clear(); }, false, I, "O NCM é obrigatório", "NCMMaskEdit"},
-    Recusa{"no_product", 0, "", [](TItemPanel *, TEdNotaPanel *) {}, false, E, "O produto é obrigatório", "BuscaLabeledEdit"},
-    Recusa{"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->TotProdNumEditBR()->SetValue(0); }, false, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
-    Recusa{"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, false, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
-    Recusa{"leaving_package_quantity_zero", 0, "1", Digita<&TItemPanel::EmbQtdNumEditBR>("0"), true, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
-    Recusa{"leaving_package_count_zero", 0, "1", Digita<&TItemPanel::QtdEmbsNumEditBR>("0"), true, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
-    Recusa{"leaving_total_cost_zero", 0, "1", Digita<&TItemPanel::CustoTotItemNumEditBR>("0"), true, E, "O custo total das embalagens é obrigatório", "CustoTotItemNumEditBR"},
-    Recusa{"leaving_search_without_product", 0, "", Digita<&TItemPanel::BuscaLabeledEdit>(""), true, E, "O produto é obrigatório", "BuscaLabeledEdit"}),
-    [](const ::testing::TestParamInfo<Recusa> &i) { return std::string(i.param.nome); });
+// One thing wrong: one message, the focus on the field, no item and the product kept.
+TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
+{
+    const Recusa recusas[] = {
+        {"package_quantity_zero", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->EmbQtdNumEditBR()->SetValue(0); }, false, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
+        {"package_count_below_a_thousandth", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, false, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
+        {"no_total_cost", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->CustoTotItemNumEditBR()->SetValue(0); }, false, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
+        {"return_without_ncm", 1, "1", [](TItemPanel *p, TEdNotaPanel *) { p->NCMMaskEdit()->clear(); }, false, I, "O NCM é obrigatório", "NCMMaskEdit"},
+        {"no_product", 0, "", [](TItemPanel *, TEdNotaPanel *) {}, false, E, "O produto é obrigatório", "BuscaLabeledEdit"},
+        {"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->TotProdNumEditBR()->SetValue(0); }, false, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
+        {"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, false, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
+        {"leaving_package_quantity_zero", 0, "1", Digita<&TItemPanel::EmbQtdNumEditBR>("0"), true, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
+        {"leaving_package_count_zero", 0, "1", Digita<&TItemPanel::QtdEmbsNumEditBR>("0"), true, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
+        {"leaving_total_cost_zero", 0, "1", Digita<&TItemPanel::CustoTotItemNumEditBR>("0"), true, E, "O custo total das embalagens é obrigatório", "CustoTotItemNumEditBR"},
+        {"leaving_search_without_product", 0, "", Digita<&TItemPanel::BuscaLabeledEdit>(""), true, E, "O produto é obrigatório", "BuscaLabeledEdit"}};
+    for (const Recusa &r : recusas) {
+        SCOPED_TRACE(r.nome);
+        dialogos.Limpar();
+        abrir();
+        novaNota(r.tipoIndice);
+        if (*r.busca) {
+            buscar(QLatin1String(r.busca));
+            ASSERT_GE(p->ProdCodNumEditBR()->Value(), 1.0);
+        }
+        p->CustoTotItemNumEditBR()->SetValue(10);
+        r.defeito(p, h);
+        ASSERT_TRUE(dialogos.Mensagens().isEmpty());
+        const double prodCod = p->ProdCodNumEditBR()->Value();
+        if (r.sair)
+            p->DescontoItemNumEditBR()->setFocus();
+        else
+            completar();
+        EXPECT_EQ(dialogos.UnicaMensagem(r.tipo), QString::fromUtf8(r.mensagem));
+        EXPECT_EQ(Foco(), QLatin1String(r.campo));
+        EXPECT_EQ(itens().RecordCount(), 0);
+        EXPECT_EQ(p->ProdCodNumEditBR()->Value(), prodCod);
+        EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
+    }
+}
 
 TEST_F(ItemEntrada, SearchesAndHeadersThatRefuseTheItem)
 {
