@@ -38,26 +38,18 @@ TEST_F(RepF, OneCaptionedPriceEditPerPriceTableAndOneComboPerGradeTitle)
     EXPECT_EQ(tela.GradeCombos().first()->objectName(), "GradeCombo1");
 }
 
-TEST_F(RepF, AnEmptyDatabaseStillOpensAndClosesWithoutAsking)
+TEST_F(RepF, AnEmptyDatabaseAndNoFiscalPrinterStillOpenAndCloseWithoutAsking)
 {
     sql(QStringLiteral("delete from tab_preco; delete from fornec;"));
+    qputenv("PAVREL_ECF_LIBRARY", "/nonexistent/libecf.so");
     auto tela = AbrirTela();
+    qunsetenv("PAVREL_ECF_LIBRARY");
+    EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro).contains("/nonexistent/libecf.so")) << primeiraMensagem().toStdString();
     EXPECT_TRUE(tela->PrecoEdits().isEmpty());
     EXPECT_TRUE(tela->GradeCombos().isEmpty());
     EXPECT_EQ(tela->RepD().Notas().RecordCount(), 0);
     EXPECT_TRUE(tela->close());
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
     EXPECT_TRUE(dialogos.Perguntas().isEmpty());
-}
-
-TEST_F(RepF, FiscalPrinterFailureIsShownAndTheScreenStillOpens)
-{
-    qputenv("PAVREL_ECF_LIBRARY", "/nonexistent/libecf.so");
-    auto tela = std::make_unique<TRepF>();
-    qunsetenv("PAVREL_ECF_LIBRARY");
-    const QString mensagem = dialogos.UnicaMensagem(TipoMensagem::Erro);
-    EXPECT_TRUE(mensagem.contains(QStringLiteral("/nonexistent/libecf.so"))) << mensagem.toStdString();
-    EXPECT_EQ(tela->PrecoEdits().size(), 3);
 }
 
 TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
@@ -74,8 +66,7 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     TEdNotaPanel *h = tela->EdNotaPanel();
 
     secao("showing loads the list and starts browsing");
-    EXPECT_EQ(notas.RecordCount(), 2);
-    EXPECT_EQ(tela->windowTitle() + '|' + tela->ItemPanel()->title(), QStringLiteral("Pavrel - Consultando|Item - Consultando"));
+    EXPECT_EQ(QString::number(notas.RecordCount()) + '|' + tela->windowTitle() + '|' + tela->ItemPanel()->title(), "2|Pavrel - Consultando|Item - Consultando");
     EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
     EXPECT_FALSE(h->isVisible());
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
@@ -126,9 +117,8 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     ASSERT_TRUE(notas.Locate(QStringLiteral("compra_COD"), 2));
     h->NDocNumEditBR()->SetValue(123);
     tela->TipoDocComboBox()->setCurrentIndex(1);
-    EXPECT_EQ(h->NDocNumEditBR()->Value(), 0.0);
-    EXPECT_TRUE(h->NDocNumEditBR()->isReadOnly());
-    EXPECT_EQ(h->SerieNumEditBR()->Value(), 1.0);
+    // number, read-only, series
+    EXPECT_EQ(QStringLiteral("%1 %2 %3").arg(h->NDocNumEditBR()->Value()).arg(h->NDocNumEditBR()->isReadOnly()).arg(h->SerieNumEditBR()->Value()), "0 1 1");
     tela->TipoDocComboBox()->setCurrentIndex(0);
     EXPECT_FALSE(h->NDocNumEditBR()->isReadOnly());
 
@@ -146,8 +136,7 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     dialogos.Responder(true);
     QTest::keyClick(h->NDocNumEditBR(), Qt::Key_Escape);
     ASSERT_EQ(dialogos.Perguntas().size(), 1);
-    EXPECT_EQ(dialogos.Perguntas().first().texto,
-              QStringLiteral("Existem alterações ainda não gravadas. Deseja cancelar estas alterações?"));
+    EXPECT_EQ(dialogos.Perguntas().first().texto, "Existem alterações ainda não gravadas. Deseja cancelar estas alterações?");
     EXPECT_FALSE(h->isVisible());
     EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
     dialogos.Limpar();
@@ -160,8 +149,7 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     EXPECT_FALSE(tela->close());
     EXPECT_TRUE(tela->isVisible());
     ASSERT_EQ(dialogos.Perguntas().size(), 1);
-    EXPECT_EQ(dialogos.Perguntas().first().texto,
-              QStringLiteral("Existem informações não gravadas. Deseja descartar estas alterações?"));
+    EXPECT_EQ(dialogos.Perguntas().first().texto, "Existem informações não gravadas. Deseja descartar estas alterações?");
     EXPECT_EQ(db.valor(QStringLiteral("select count(*) from prod_preco")), QStringLiteral("1"));
     dialogos.Responder(true);
     EXPECT_TRUE(tela->close());

@@ -43,6 +43,17 @@ protected:
 
 TEST_F(RepFCabec, F3ThenATypedEntryIsSavedListedAlteredAndNotTypedTwice)
 {
+    // Leaving an empty number refuses at once, but not towards cancel.
+    QTest::keyClick(tela.get(), Qt::Key_F3);
+    p->NDocNumEditBR()->setFocus();
+    p->NDocNumEditBR()->clear();
+    QTest::keyClick(p->NDocNumEditBR(), Qt::Key_Tab);
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "O nº do documento é obrigatório");
+    EXPECT_TRUE(p->NDocNumEditBR()->hasFocus());
+    dialogos.Limpar();
+    p->NotaCancButton()->setFocus();
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+
     digitarEntrada();
     EXPECT_EQ(tela->windowTitle() + ' ' + p->TotNumEditBR()->text(), "Pavrel - Inserindo 1245,06");
     ASSERT_TRUE(gravar()) << primeiraMensagem().toStdString();
@@ -138,19 +149,6 @@ INSTANTIATE_TEST_SUITE_P(, RepFCabecRecusa, ::testing::Values(
     Recusa{"no_hour", [](TEdNotaPanel *p) { p->HSaiMaskEdit()->clear(); }},
     Recusa{"other_modality_without_transporter", [](TEdNotaPanel *p) { p->FreteModalidadeComboBox()->setCurrentIndex(4); }}),
     [](const auto &caso) { return std::string(caso.param.nome); });
-
-TEST_F(RepFCabec, LeavingAnEmptyNumberRefusesAtOnceButNotTowardsCancel)
-{
-    QTest::keyClick(tela.get(), Qt::Key_F3);
-    p->NDocNumEditBR()->setFocus();
-    p->NDocNumEditBR()->clear();
-    QTest::keyClick(p->NDocNumEditBR(), Qt::Key_Tab);
-    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("O nº do documento é obrigatório"));
-    EXPECT_TRUE(p->NDocNumEditBR()->hasFocus());
-    dialogos.Limpar();
-    p->NotaCancButton()->setFocus();
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-}
 
 TEST_F(RepFCabec, ADatabaseFailureKeepsWhatWasTyped)
 {

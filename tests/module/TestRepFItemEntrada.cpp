@@ -82,12 +82,6 @@ TEST_F(ItemEntrada, APurchaseTypedItemByItemIsStoredAsTyped)
               "2|2||12.0000|4.0000|72.0000||22021000|2|3|1|1.9500 2|2||12.0000|4.0000|72.0000||22021000|2|3|2|2.1400 "
               "2|2||12.0000|4.0000|72.0000||22021000|2|3|3|1.8600 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|1|48.0000 "
               "3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|2|52.8000 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|3|44.0000");
-
-    // Opened again, the screen lists the same two items.
-    abrir();
-    ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
-    EXPECT_EQ(itens().RecordCount(), 2);
-    EXPECT_FALSE(campo("prod_DESCR").isEmpty());
 }
 
 TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
