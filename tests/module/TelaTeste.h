@@ -2,7 +2,6 @@
 
 #include "DialogosTeste.h"
 #include "NotasTeste.h"
-#include "TClientDataSet.h"
 #include "TEdNotaPanel.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"

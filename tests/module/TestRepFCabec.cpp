@@ -136,10 +136,8 @@ INSTANTIATE_TEST_SUITE_P(, RepFCabecRecusa, ::testing::Values(
     Recusa{"no_number", [](TEdNotaPanel *p) { p->NDocNumEditBR()->SetValue(0); }, E, "O nº do documento é obrigatório", "NDocNumEditBR"},
     Recusa{"no_series", [](TEdNotaPanel *p) { p->SerieNumEditBR()->clear(); }, E, "A série do documento é obrigatória", "SerieNumEditBR"},
     Recusa{"entry_without_products", [](TEdNotaPanel *p) { p->TotProdNumEditBR()->SetValue(0); }, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
-    Recusa{"return_key_43", [](TEdNotaPanel *p) { Devolucao(p); p->NFEChaveRefLabeledEdit()->setText(QString(43, QLatin1Char('3'))); }, E,
-           "A chave NFE da nota de referência é obrigatória e deve ter 44 dígitos. Ajuste a chave e tente novamente.", "NFEChaveRefLabeledEdit"},
-    Recusa{"third_party_freight_without_transporter", [](TEdNotaPanel *p) { p->FreteModalidadeComboBox()->setCurrentIndex(3); },
-           TipoMensagem::Aviso, "Para modalidade de frete TERCEIROS é necessário indicar a transportadora", "TranspFornecComboBox"},
+    Recusa{"return_key_43", [](TEdNotaPanel *p) { Devolucao(p); p->NFEChaveRefLabeledEdit()->setText(QString(43, QLatin1Char('3'))); }, E, "A chave NFE da nota de referência é obrigatória e deve ter 44 dígitos. Ajuste a chave e tente novamente.", "NFEChaveRefLabeledEdit"},
+    Recusa{"third_party_freight_without_transporter", [](TEdNotaPanel *p) { p->FreteModalidadeComboBox()->setCurrentIndex(3); }, TipoMensagem::Aviso, "Para modalidade de frete TERCEIROS é necessário indicar a transportadora", "TranspFornecComboBox"},
     Recusa{"lease_return_without_natureza", [](TEdNotaPanel *p) { SemNatureza(p, 4); }, TipoMensagem::Info, Natureza, "CompraNatOpLabeledEdit"},
     Recusa{"loan_return_without_natureza", [](TEdNotaPanel *p) { SemNatureza(p, 5); }, TipoMensagem::Info, Natureza, "CompraNatOpLabeledEdit"},
     // Accepted: no message, the note is written.
