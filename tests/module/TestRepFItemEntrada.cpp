@@ -143,45 +143,38 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
     EXPECT_EQ((campo("QTD_COMPRADA") + ' ' + campo("CUSTO_unit")).toStdString(), "1.2387 8.073");
 }
 
-TEST_F(ItemEntrada, AProductionItemIsCompletedByItsPackagesWhenNoCostIsRequired)
+// Types that ask less of an item: fields typed, then Enter on `enter` (the last price when none).
+TEST_F(ItemEntrada, OtherTypesCompleteAnItemWithLess)
 {
     sql(QStringLiteral("insert into config (chave, valor) values ('REP_PRODUC_CUSTO_EXIGE', 'N')"));
-    abrir();
-    novaNota(3);
-    buscar(QStringLiteral("3"));
-    ASSERT_EQ(Foco(), QStringLiteral("QtdEmbsNumEditBR"));
-    QTest::keyClicks(p->QtdEmbsNumEditBR(), QStringLiteral("5"));
-    QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Return);
-    ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
-    EXPECT_EQ((campo("QTD_EMBS") + ' ' + campo("CUSTO_TOT") + ' ' + Foco()).toStdString(), "5 0 BuscaLabeledEdit");
-}
-
-TEST_F(ItemEntrada, AComplementaryNoteTakesAnItemWithoutQuantities)
-{
-    abrir();
-    novaNota(6);
-    buscar(QStringLiteral("1"));
-    EXPECT_EQ(Foco(), QStringLiteral("NCMMaskEdit"));
-    Digitar(p->EmbQtdNumEditBR(), QStringLiteral("0"));
-    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("0"));
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("15"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
-    // No bought quantity: no unit cost either, and no division by zero.
-    EXPECT_EQ((campo("EMB_QTD") + ' ' + campo("QTD_EMBS") + ' ' + campo("CUSTO_unit")).toStdString(), "0 0 ");
-}
-
-TEST_F(ItemEntrada, WhereThePricesAreNotTypedEnterOnTheLastFieldCompletesTheItem)
-{
-    abrir();
-    novaNota(1);
-    buscar(QStringLiteral("1"));
-    ASSERT_TRUE(tela->ItemNota().PrecoUltimoEdit()->ReadOnlyLook());
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
-    Digitar(p->TribIcmsvICMSSTRet_NumEditBR(), QStringLiteral("1"));
-    QTest::keyClick(p->TribIcmsvICMSSTRet_NumEditBR(), Qt::Key_Return);
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ((campo("TRIB_ICMS_VICMSSTRET") + ' ' + Foco()).toStdString(), "1 ProdCodDelesLabeledEdit");
+    const struct { const char *nome; int tipo; const char *busca, *foco; QList<QPair<const char *, const char *>> digitar; const char *enter, *campos, *esperado; } casos[] = {
+        {"production_without_demanded_cost", 3, "3", "QtdEmbsNumEditBR", {{"QtdEmbsNumEditBR", "5"}}, "QtdEmbsNumEditBR", "QTD_EMBS CUSTO_TOT", "5 0 BuscaLabeledEdit"},
+        {"return_where_prices_are_not_typed", 1, "1", "NCMMaskEdit", {{"CustoTotItemNumEditBR", "10"}, {"TribIcmsvICMSSTRet_NumEditBR", "1"}},
+         "TribIcmsvICMSSTRet_NumEditBR", "TRIB_ICMS_VICMSSTRET", "1 ProdCodDelesLabeledEdit"},
+        // Last, as it leaves product 1 with no package quantity. No bought quantity: no unit cost either,
+        // and no division by zero.
+        {"complementary_without_quantities", 6, "1", "NCMMaskEdit", {{"EmbQtdNumEditBR", "0"}, {"QtdEmbsNumEditBR", "0"}, {"CustoTotItemNumEditBR", "15"}},
+         nullptr, "EMB_QTD QTD_EMBS CUSTO_unit", "0 0  ProdCodDelesLabeledEdit"},
+    };
+    for (const auto &c : casos) {
+        SCOPED_TRACE(c.nome);
+        abrir();
+        novaNota(c.tipo);
+        buscar(QLatin1String(c.busca));
+        EXPECT_EQ(Foco(), QLatin1String(c.foco));
+        EXPECT_EQ(tela->ItemNota().PrecoUltimoEdit()->ReadOnlyLook(), c.tipo != 3);
+        for (const auto &[nome, texto] : c.digitar)
+            Digitar(p->findChild<QLineEdit *>(QLatin1String(nome)), QLatin1String(texto));
+        if (c.enter)
+            QTest::keyClick(p->findChild<QWidget *>(QLatin1String(c.enter)), Qt::Key_Return);
+        else
+            completar();
+        ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
+        QStringList valores;
+        for (const QString &nome : QString::fromLatin1(c.campos).split(' '))
+            valores << itens().FieldByName(nome).AsString();
+        EXPECT_EQ((valores.join(' ') + ' ' + Foco()).toStdString(), c.esperado);
+    }
 }
 
 TEST_F(ItemEntrada, AProductWithAGradeOffersItsVariantsOnly)
