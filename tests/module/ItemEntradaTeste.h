@@ -80,14 +80,6 @@ protected:
         QTest::mouseDClick(grade->viewport(), Qt::LeftButton, {}, r.center());
     }
 
-    int linhaDoProduto(int prodCod)
-    {
-        for (int linha = 0; linha < itens().RecordCount(); ++linha)
-            if (itens().ValueAt(linha, itens().FieldByName(QStringLiteral("PROD_COD")).Index()).toInt() == prodCod)
-                return linha;
-        return -1;
-    }
-
     std::unique_ptr<TRepF> tela;
     TItemPanel *p = nullptr;
     TEdNotaPanel *h = nullptr;

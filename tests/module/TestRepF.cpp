@@ -6,12 +6,13 @@
 
 namespace {
 
-class RepF : public TelaTeste
-{
-};
+using RepF = TelaTeste;
 
-TEST_F(RepF, ConfigurationFlagsAreOnUnlessN)
+// Flags are on unless N; one captioned price edit per price table, one combo per grade title.
+TEST_F(RepF, ConfigurationFlagsPriceTablesAndGrades)
 {
+    sql(QStringLiteral("insert into grade_tit (grade_tit_cod, descr) values (1, 'TAMANHO'); insert into grade_tit (grade_tit_cod, descr) values (2, 'COR');"
+                       "insert into prod_grade (prod_cod, grade_tit_cod) values (1, 1);"));
     for (const char *valor : {"", "S", " N "}) {
         SCOPED_TRACE(valor);
         sql(QStringLiteral("delete from config where chave in ('REP_PRODUC_CUSTO_EXIGE', 'REP_IPI_SOMAR');"
@@ -19,23 +20,15 @@ TEST_F(RepF, ConfigurationFlagsAreOnUnlessN)
                            "insert into config (chave, valor) values ('REP_IPI_SOMAR', '%1');").arg(QLatin1String(valor)));
         TRepF tela;
         EXPECT_EQ(QString::number(tela.ProducCustoExige()) + QString::number(tela.IPISomar()), *valor == ' ' ? "00" : "11");
+        QStringList rotulos;
+        for (QLabel *rotulo : tela.findChildren<QLabel *>())
+            if (tela.PrecoEdits().contains(rotulo->buddy()))
+                rotulos << rotulo->buddy()->objectName() + '=' + rotulo->text();
+        rotulos.sort();
+        EXPECT_EQ(rotulos, (QStringList{"PrecoNumEditBR1=VAREJO", "PrecoNumEditBR2=ATACADO", "PrecoNumEditBR3=PROMOCAO"}));
+        ASSERT_EQ(tela.GradeCombos().size(), 2);
+        EXPECT_EQ(tela.GradeCombos().first()->objectName(), "GradeCombo1");
     }
-}
-
-TEST_F(RepF, OneCaptionedPriceEditPerPriceTableAndOneComboPerGradeTitle)
-{
-    sql(QStringLiteral("insert into grade_tit (grade_tit_cod, descr) values (1, 'TAMANHO');"
-                       "insert into grade_tit (grade_tit_cod, descr) values (2, 'COR');"
-                       "insert into prod_grade (prod_cod, grade_tit_cod) values (1, 1);"));
-    TRepF tela;
-    QStringList rotulos;
-    for (QLabel *rotulo : tela.findChildren<QLabel *>())
-        if (tela.PrecoEdits().contains(rotulo->buddy()))
-            rotulos << rotulo->buddy()->objectName() + '=' + rotulo->text();
-    rotulos.sort();
-    EXPECT_EQ(rotulos, (QStringList{"PrecoNumEditBR1=VAREJO", "PrecoNumEditBR2=ATACADO", "PrecoNumEditBR3=PROMOCAO"}));
-    ASSERT_EQ(tela.GradeCombos().size(), 2);
-    EXPECT_EQ(tela.GradeCombos().first()->objectName(), "GradeCombo1");
 }
 
 TEST_F(RepF, AnEmptyDatabaseAndNoFiscalPrinterStillOpenAndCloseWithoutAsking)

@@ -4,9 +4,7 @@
 
 namespace {
 
-class RepFAcoes : public TelaTeste
-{
-};
+using RepFAcoes = TelaTeste;
 
 // A purchase entry of station 10 with one staged item that agrees with its header.
 TEST_F(RepFAcoes, PostUnpostAndCancelThroughTheirActions)

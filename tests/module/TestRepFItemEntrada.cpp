@@ -56,22 +56,23 @@ TEST_F(ItemEntrada, APurchaseTypedItemByItemIsStoredAsTyped)
     EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
 
     // Item 2 opened with a double click; the cursor then moves to another row before Enter.
-    duploClique(linhaDoProduto(2));
+    ASSERT_TRUE(itens().Locate(QStringLiteral("PROD_COD"), 2));
+    duploClique(itens().RecNo() - 1);
     ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);
     EXPECT_EQ(p->ProdDescrLabeledEdit()->text() + ' ' + p->QtdEmbsNumEditBR()->text(), "PRODUTO DOIS 3,000");
     EXPECT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
     Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("4"));
     Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("72"));
-    itens().SetRecNo(linhaDoProduto(3) + 1);
+    itens().Locate(QStringLiteral("PROD_COD"), 3);
     completar();
     EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
     ASSERT_EQ(itens().RecordCount(), 3);
 
-    itens().SetRecNo(linhaDoProduto(1) + 1);
+    itens().Locate(QStringLiteral("PROD_COD"), 1);
     dialogos.Responder(true);
     QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
     ASSERT_EQ(itens().RecordCount(), 2);
-    EXPECT_EQ(linhaDoProduto(1), -1);
+    EXPECT_FALSE(itens().Locate(QStringLiteral("PROD_COD"), 1));
 
     QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
     ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
