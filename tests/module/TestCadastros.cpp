@@ -34,30 +34,7 @@ void DigitarCampo(TCadastroF &f, const char *coluna, const char *texto)
     ::Digitar(campo, QString::fromUtf8(texto));
 }
 
-TEST_F(ItemEntrada, AUnitAddedInItsRegisterIsOfferedForTheItem)
-{
-    abrir();
-    novaNota();
-    buscar(QStringLiteral("2"));
-    const auto unidades = [this] { return p->UnidComboBox()->currentText() + ' ' + QString::number(p->UnidComboBox()->findText(QStringLiteral("PC"))); };
-    ASSERT_EQ(unidades(), "CX -1");
-    NoDialogo([](TCadastroF &f) {
-        EXPECT_EQ(f.objectName(), QStringLiteral("UnidF"));
-        QTest::mouseClick(f.NovoButton(), Qt::LeftButton);
-        EXPECT_EQ(qobject_cast<TNumEditBR *>(f.Campo(QStringLiteral("unid_cod")))->Value(), 3.0);
-        DigitarCampo(f, "sigla", "PC");
-        DigitarCampo(f, "descr", "PACOTE D'AGUA");
-        QTest::mouseClick(f.GravarButton(), Qt::LeftButton);
-    });
-    QTest::mouseClick(p->UnidButton(), Qt::LeftButton);
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-    EXPECT_EQ(db.valor(QStringLiteral("select sigla || '|' || descr from unid where unid_cod=3")), QStringLiteral("PC|PACOTE D'AGUA"));
-    // Offered, while the item keeps the unit it had.
-    EXPECT_NE(unidades(), "CX -1");
-    EXPECT_TRUE(unidades().startsWith("CX ")) << unidades().toStdString();
-}
-
-TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
+TEST_F(ItemEntrada, RegistersOpenedForTheItemAddWhatItOffers)
 {
     {
         const auto f = Cadastros::Criar(QStringLiteral("ProdF"), QStringLiteral("TabProdAct"), db.conexao());
@@ -82,6 +59,28 @@ TEST_F(ItemEntrada, AProductRegisteredIsFoundAndStaysWithTheNote)
 
     abrir();
     novaNota(0, QStringLiteral("12"));
+    // A unit added in its register is offered for the item.
+    buscar(QStringLiteral("2"));
+    const auto unidades = [this] { return p->UnidComboBox()->currentText() + ' ' + QString::number(p->UnidComboBox()->findText(QStringLiteral("PC"))); };
+    ASSERT_EQ(unidades(), "CX -1");
+    NoDialogo([](TCadastroF &f) {
+        EXPECT_EQ(f.objectName(), QStringLiteral("UnidF"));
+        QTest::mouseClick(f.NovoButton(), Qt::LeftButton);
+        EXPECT_EQ(qobject_cast<TNumEditBR *>(f.Campo(QStringLiteral("unid_cod")))->Value(), 3.0);
+        DigitarCampo(f, "sigla", "PC");
+        DigitarCampo(f, "descr", "PACOTE D'AGUA");
+        QTest::mouseClick(f.GravarButton(), Qt::LeftButton);
+    });
+    QTest::mouseClick(p->UnidButton(), Qt::LeftButton);
+    // Offscreen, nothing gives the activation back once the dialog is gone.
+    QApplication::setActiveWindow(tela.get());
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(db.valor(QStringLiteral("select sigla || '|' || descr from unid where unid_cod=3")), QStringLiteral("PC|PACOTE D'AGUA"));
+    // Offered, while the item keeps the unit it had.
+    EXPECT_NE(unidades(), "CX -1");
+    EXPECT_TRUE(unidades().startsWith("CX ")) << unidades().toStdString();
+
+    // The product registered is found and stays with the note.
     buscar(QStringLiteral("7890000000048"));
     ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 4.0);
     EXPECT_EQ(p->EmbQtdNumEditBR()->text(), QStringLiteral("6,000"));
