@@ -64,7 +64,7 @@ TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
     }
 }
 
-TEST_F(ItemEntrada, SearchesAndHeadersThatRefuseTheItem)
+TEST_F(ItemEntrada, SearchesHeadersAndDeletionsThatRefuse)
 {
     abrir();
     QTest::keyClick(tela.get(), Qt::Key_F3);
@@ -74,22 +74,8 @@ TEST_F(ItemEntrada, SearchesAndHeadersThatRefuseTheItem)
     EXPECT_EQ(Foco(), QStringLiteral("FornecComboBox"));
 
     novaNota();
-    // A quote in the text must reach the search as text.
-    for (const char *texto : {"999999", "78'90"}) {
-        SCOPED_TRACE(texto);
-        dialogos.Limpar();
-        buscar(QLatin1String(texto));
-        EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Produto não encontrado"));
-        // focus, product, the text selected
-        EXPECT_EQ(QStringLiteral("%1 %2 %3").arg(Foco()).arg(p->ProdCodNumEditBR()->Value()).arg(p->BuscaLabeledEdit()->selectedText()),
-                  QStringLiteral("BuscaLabeledEdit 0 ") + QLatin1String(texto));
-    }
-}
-
-TEST_F(ItemEntrada, DeletingOnANewNote)
-{
-    abrir();
-    novaNota();
+    // Deleting from an empty list, an item never stored, and after a refused leaving check.
+    dialogos.Limpar();
     QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), QStringLiteral("Não há item visível a excluir"));
     EXPECT_TRUE(dialogos.Perguntas().isEmpty());
@@ -115,6 +101,20 @@ TEST_F(ItemEntrada, DeletingOnANewNote)
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Quantidade de embalagens é obrigatória"));
     EXPECT_TRUE(dialogos.Perguntas().isEmpty());
     EXPECT_EQ(QString::number(itens().RecordCount()) + ' ' + p->ProdCodNumEditBR()->text(), "1 2");
+
+    // The item abandoned, a product nobody has is looked for.
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1"));
+    QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Escape);
+    // A quote in the text must reach the search as text.
+    for (const char *texto : {"999999", "78'90"}) {
+        SCOPED_TRACE(texto);
+        dialogos.Limpar();
+        buscar(QLatin1String(texto));
+        EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "Produto não encontrado");
+        // focus, product, the text selected
+        EXPECT_EQ(QStringLiteral("%1 %2 %3").arg(Foco()).arg(p->ProdCodNumEditBR()->Value()).arg(p->BuscaLabeledEdit()->selectedText()),
+                  QStringLiteral("BuscaLabeledEdit 0 ") + QLatin1String(texto));
+    }
 }
 
 // Stored notes 7 (posted) and 8, each with items of products 1 and 2, opened for altering.

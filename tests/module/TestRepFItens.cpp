@@ -15,19 +15,16 @@ protected:
         for (const auto &[compra, totProds] : {std::pair{10, 30}, std::pair{11, 13}})
             sql(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, dt_doc, ndoc, serie, fornec_cod, "
                                "tot_prods, tot) values (1, 1, %1, '\"', '2026-11-10', %1, '1', 1, %2, %2)").arg(compra).arg(totProds));
-        item(10, 101, 1, 10, 2);
-        item(10, 102, 2, 5, 2);
-        item(11, 103, 3, 12, 1);
-    }
-
-    void item(int compra, int codigo, int prod, int custoUnit, int embs)
-    {
-        sql(QStringLiteral("insert into compra_item_tmp (empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod, unid_cod, "
-                           "trib_cod, ordem, emb_qtd, qtd_embs, custo_tot, info_adic) values (1, 10, %1, %2, %3, 1, 1, %2, 1, %4, "
-                           "%5, 'obs d''item')").arg(compra).arg(codigo).arg(prod).arg(embs).arg(custoUnit * embs));
-        for (int tabela = 1; tabela <= 3; ++tabela)
-            sql(QStringLiteral("insert into compra_item_tmp_precos (empr_cod, estacao_cod, compra_item_tmp_cod, tab_preco_cod, "
-                               "preco) values (1, 10, %1, %2, %3)").arg(codigo).arg(tabela).arg(tabela * 1.25));
+        // note, item, product, packages, total cost
+        const int itens[][5] = {{10, 101, 1, 2, 20}, {10, 102, 2, 2, 10}, {11, 103, 3, 1, 12}};
+        for (const auto &i : itens) {
+            sql(QStringLiteral("insert into compra_item_tmp (empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod, unid_cod, trib_cod, "
+                               "ordem, emb_qtd, qtd_embs, custo_tot, info_adic) values (1, 10, %1, %2, %3, 1, 1, %2, 1, %4, %5, 'obs d''item')")
+                    .arg(i[0]).arg(i[1]).arg(i[2]).arg(i[3]).arg(i[4]));
+            for (int tabela = 1; tabela <= 3; ++tabela)
+                sql(QStringLiteral("insert into compra_item_tmp_precos (empr_cod, estacao_cod, compra_item_tmp_cod, tab_preco_cod, preco) "
+                                   "values (1, 10, %1, %2, %3)").arg(i[1]).arg(tabela).arg(tabela * 1.25));
+        }
     }
 
     // Every column of every staged item and price.
