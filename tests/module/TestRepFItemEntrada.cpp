@@ -17,76 +17,10 @@ QString Staged(TestDatabase &db)
         "on p.compra_item_tmp_cod=i.compra_item_tmp_cod order by i.ordem, p.tab_preco_cod)"));
 }
 
-TEST_F(ItemEntrada, APurchaseTypedItemByItemIsStoredAsTyped)
+TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
 {
     abrir();
     novaNota(0, QStringLiteral("102"));
-
-    // Item 1 by the supplier's own code.
-    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("ABC-001"));
-    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    EXPECT_EQ(p->ProdCodNumEditBR()->text() + ' ' + p->BuscaLabeledEdit()->text(), "1 1");
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("20"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
-    EXPECT_EQ(campo("PROD_COD_DELES") + ' ' + Foco(), "ABC-001 ProdCodDelesLabeledEdit");
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
-
-    // Item 2 by bar code, reached from an empty supplier's code.
-    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
-    buscar(QStringLiteral("17890000000021"));
-    ASSERT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO DOIS"));
-    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("54"));
-    completar();
-    // Item 3: a supplier's code nobody registered leads on to the search and stays with the item.
-    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("XYZ-9"));
-    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
-    buscar(QStringLiteral("7890000000031"));
-    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 3.0);
-    QTest::keyClicks(p->CFOPItemNumEditBR(), QStringLiteral("1403"));
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("30"));
-    Digitar(p->MargemNumEditBR(), QStringLiteral("60"));
-    EXPECT_EQ(p->PrecoNumEditBR()->text(), QStringLiteral("48,00"));
-    Digitar(preco(3), QStringLiteral("44"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 3);
-    EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
-
-    // Item 2 opened with a double click; the cursor then moves to another row before Enter.
-    ASSERT_TRUE(itens().Locate(QStringLiteral("PROD_COD"), 2));
-    duploClique(itens().RecNo() - 1);
-    ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);
-    EXPECT_EQ(p->ProdDescrLabeledEdit()->text() + ' ' + p->QtdEmbsNumEditBR()->text(), "PRODUTO DOIS 3,000");
-    EXPECT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
-    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("4"));
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("72"));
-    itens().Locate(QStringLiteral("PROD_COD"), 3);
-    completar();
-    EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
-    ASSERT_EQ(itens().RecordCount(), 3);
-
-    itens().Locate(QStringLiteral("PROD_COD"), 1);
-    dialogos.Responder(true);
-    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
-    ASSERT_EQ(itens().RecordCount(), 2);
-    EXPECT_FALSE(itens().Locate(QStringLiteral("PROD_COD"), 1));
-
-    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
-    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
-    EXPECT_EQ(Staged(db).toStdString(),
-              "2|2||12.0000|4.0000|72.0000||22021000|2|3|1|1.9500 2|2||12.0000|4.0000|72.0000||22021000|2|3|2|2.1400 "
-              "2|2||12.0000|4.0000|72.0000||22021000|2|3|3|1.8600 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|1|48.0000 "
-              "3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|2|52.8000 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|3|44.0000");
-}
-
-TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
-{
-    abrir();
-    novaNota();
 
     secao("the price follows the cost key by key");
     buscar(QStringLiteral("1"));
@@ -138,10 +72,69 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutWhileAnItemIsTyped)
     Digitar(p->EmbQtdNumEditBR(), QStringLiteral("1,111"));
     Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
     EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
-    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
+    QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Escape);
+    ASSERT_EQ(itens().RecordCount(), 0);
+
+    secao("item 1 by the supplier's own code");
+    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("ABC-001"));
+    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
+    EXPECT_EQ(p->ProdCodNumEditBR()->text() + ' ' + p->BuscaLabeledEdit()->text(), "1 1");
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("20"));
     completar();
-    // 10 / 1,2387 at four decimals.
-    EXPECT_EQ((campo("QTD_COMPRADA") + ' ' + campo("CUSTO_unit")).toStdString(), "1.2387 8.073");
+    ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
+    EXPECT_EQ(campo("PROD_COD_DELES") + ' ' + Foco(), "ABC-001 ProdCodDelesLabeledEdit");
+    EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
+
+    secao("item 2 by bar code, reached from an empty supplier's code");
+    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
+    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    buscar(QStringLiteral("17890000000021"));
+    ASSERT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO DOIS"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("54"));
+    completar();
+    secao("item 3");
+    // A supplier's code nobody registered leads on to the search and stays with the item.
+    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("XYZ-9"));
+    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
+    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    buscar(QStringLiteral("7890000000031"));
+    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 3.0);
+    QTest::keyClicks(p->CFOPItemNumEditBR(), QStringLiteral("1403"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("30"));
+    Digitar(p->MargemNumEditBR(), QStringLiteral("60"));
+    EXPECT_EQ(p->PrecoNumEditBR()->text(), QStringLiteral("48,00"));
+    Digitar(preco(3), QStringLiteral("44"));
+    completar();
+    ASSERT_EQ(itens().RecordCount(), 3);
+    EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
+
+    secao("item 2 opened with a double click; the cursor then moves to another row before Enter");
+    ASSERT_TRUE(itens().Locate(QStringLiteral("PROD_COD"), 2));
+    duploClique(itens().RecNo() - 1);
+    ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);
+    EXPECT_EQ(p->ProdDescrLabeledEdit()->text() + ' ' + p->QtdEmbsNumEditBR()->text(), "PRODUTO DOIS 3,000");
+    EXPECT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("4"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("72"));
+    itens().Locate(QStringLiteral("PROD_COD"), 3);
+    completar();
+    EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
+    ASSERT_EQ(itens().RecordCount(), 3);
+
+    itens().Locate(QStringLiteral("PROD_COD"), 1);
+    dialogos.Responder(true);
+    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
+    ASSERT_EQ(itens().RecordCount(), 2);
+    EXPECT_FALSE(itens().Locate(QStringLiteral("PROD_COD"), 1));
+
+    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
+    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+    EXPECT_EQ(Staged(db).toStdString(),
+              "2|2||12.0000|4.0000|72.0000||22021000|2|3|1|1.9500 2|2||12.0000|4.0000|72.0000||22021000|2|3|2|2.1400 "
+              "2|2||12.0000|4.0000|72.0000||22021000|2|3|3|1.8600 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|1|48.0000 "
+              "3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|2|52.8000 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|3|44.0000");
 }
 
 // Types that ask less of an item: fields typed, then Enter on `enter` (the last price when none).
