@@ -73,9 +73,9 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
     Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
     EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
     QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Escape);
-    ASSERT_EQ(itens().RecordCount(), 0);
 
-    secao("item 1 by the supplier's own code");
+    secao("items typed, altered and deleted");
+    // Item 1 by the supplier's own code.
     Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("ABC-001"));
     QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
     EXPECT_EQ(p->ProdCodNumEditBR()->text() + ' ' + p->BuscaLabeledEdit()->text(), "1 1");
@@ -85,7 +85,7 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
     EXPECT_EQ(campo("PROD_COD_DELES") + ' ' + Foco(), "ABC-001 ProdCodDelesLabeledEdit");
     EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
 
-    secao("item 2 by bar code, reached from an empty supplier's code");
+    // Item 2 by bar code, reached from an empty supplier's code.
     QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
     ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
     buscar(QStringLiteral("17890000000021"));
@@ -93,8 +93,7 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
     Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
     Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("54"));
     completar();
-    secao("item 3");
-    // A supplier's code nobody registered leads on to the search and stays with the item.
+    // Item 3: a supplier's code nobody registered leads on to the search and stays with the item.
     Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("XYZ-9"));
     QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
     ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
@@ -109,7 +108,7 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
     ASSERT_EQ(itens().RecordCount(), 3);
     EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
 
-    secao("item 2 opened with a double click; the cursor then moves to another row before Enter");
+    // Item 2 opened with a double click; the cursor then moves to another row before Enter.
     ASSERT_TRUE(itens().Locate(QStringLiteral("PROD_COD"), 2));
     duploClique(itens().RecNo() - 1);
     ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);

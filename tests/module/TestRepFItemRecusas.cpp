@@ -8,18 +8,12 @@ struct Recusa
     const char *nome;
     int tipoIndice;
     const char *busca;      // the product searched first; empty for none
-    std::function<void(TItemPanel *, TEdNotaPanel *)> defeito;
-    bool sair;              // leaving the field refuses; otherwise Enter on the last price does
+    std::function<void(TItemPanel *, TEdNotaPanel *)> defeito;   // none: `texto` typed in `campo`, then left
     TipoMensagem tipo;
     const char *mensagem;
     const char *campo;      // where the focus is left
+    const char *texto = nullptr;
 };
-
-template <auto Campo>
-auto Digita(const char *texto)
-{
-    return [texto](TItemPanel *p, TEdNotaPanel *) { Digitar((p->*Campo)(), QLatin1String(texto)); };
-}
 
 const auto E = TipoMensagem::Erro;
 const auto I = TipoMensagem::Info;
@@ -28,17 +22,17 @@ const auto I = TipoMensagem::Info;
 TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
 {
     const Recusa recusas[] = {
-        {"package_quantity_zero", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->EmbQtdNumEditBR()->SetValue(0); }, false, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
-        {"package_count_below_a_thousandth", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, false, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
-        {"no_total_cost", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->CustoTotItemNumEditBR()->SetValue(0); }, false, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
-        {"return_without_ncm", 1, "1", [](TItemPanel *p, TEdNotaPanel *) { p->NCMMaskEdit()->clear(); }, false, I, "O NCM é obrigatório", "NCMMaskEdit"},
-        {"no_product", 0, "", [](TItemPanel *, TEdNotaPanel *) {}, false, E, "O produto é obrigatório", "BuscaLabeledEdit"},
-        {"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->TotProdNumEditBR()->SetValue(0); }, false, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
-        {"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, false, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
-        {"leaving_package_quantity_zero", 0, "1", Digita<&TItemPanel::EmbQtdNumEditBR>("0"), true, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
-        {"leaving_package_count_zero", 0, "1", Digita<&TItemPanel::QtdEmbsNumEditBR>("0"), true, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
-        {"leaving_total_cost_zero", 0, "1", Digita<&TItemPanel::CustoTotItemNumEditBR>("0"), true, E, "O custo total das embalagens é obrigatório", "CustoTotItemNumEditBR"},
-        {"leaving_search_without_product", 0, "", Digita<&TItemPanel::BuscaLabeledEdit>(""), true, E, "O produto é obrigatório", "BuscaLabeledEdit"}};
+        {"package_quantity_zero", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->EmbQtdNumEditBR()->SetValue(0); }, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
+        {"package_count_below_a_thousandth", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
+        {"no_total_cost", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->CustoTotItemNumEditBR()->SetValue(0); }, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
+        {"return_without_ncm", 1, "1", [](TItemPanel *p, TEdNotaPanel *) { p->NCMMaskEdit()->clear(); }, I, "O NCM é obrigatório", "NCMMaskEdit"},
+        {"no_product", 0, "", [](TItemPanel *, TEdNotaPanel *) {}, E, "O produto é obrigatório", "BuscaLabeledEdit"},
+        {"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->TotProdNumEditBR()->SetValue(0); }, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
+        {"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
+        {"leaving_package_quantity_zero", 0, "1", nullptr, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR", "0"},
+        {"leaving_package_count_zero", 0, "1", nullptr, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR", "0"},
+        {"leaving_total_cost_zero", 0, "1", nullptr, E, "O custo total das embalagens é obrigatório", "CustoTotItemNumEditBR", "0"},
+        {"leaving_search_without_product", 0, "", nullptr, E, "O produto é obrigatório", "BuscaLabeledEdit", ""}};
     for (const Recusa &r : recusas) {
         SCOPED_TRACE(r.nome);
         dialogos.Limpar();
@@ -49,13 +43,16 @@ TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
             ASSERT_GE(p->ProdCodNumEditBR()->Value(), 1.0);
         }
         p->CustoTotItemNumEditBR()->SetValue(10);
-        r.defeito(p, h);
+        if (r.defeito)
+            r.defeito(p, h);
+        else
+            Digitar(p->findChild<QLineEdit *>(QLatin1String(r.campo)), QLatin1String(r.texto));
         ASSERT_TRUE(dialogos.Mensagens().isEmpty());
         const double prodCod = p->ProdCodNumEditBR()->Value();
-        if (r.sair)
-            p->DescontoItemNumEditBR()->setFocus();
-        else
+        if (r.defeito)
             completar();
+        else
+            p->DescontoItemNumEditBR()->setFocus();
         EXPECT_EQ(dialogos.UnicaMensagem(r.tipo), QString::fromUtf8(r.mensagem));
         EXPECT_EQ(Foco(), QLatin1String(r.campo));
         // no item, the product kept
