@@ -1,6 +1,7 @@
 #include "TelaTeste.h"
 #include "TTotaisBar.h"
 
+#include <QAction>
 #include <QLabel>
 
 namespace {
@@ -40,7 +41,7 @@ protected:
     }
 };
 
-TEST_F(RepFItens, EachNoteShowsItsItemsAndTheyComeBackUnchangedFromAnAlteration)
+TEST_F(RepFItens, EachNoteShowsItsItemsComesBackUnchangedFromAnAlterationAndIsPosted)
 {
     const QString antes = retrato();
     ASSERT_FALSE(antes.isEmpty());
@@ -63,11 +64,42 @@ TEST_F(RepFItens, EachNoteShowsItsItemsAndTheyComeBackUnchangedFromAnAlteration)
     ASSERT_EQ(tela->CabecState(), TDataSetState::Browse) << primeiraMensagem().toStdString();
     EXPECT_EQ(retrato(), antes);
 
-    // Opened again, the screen shows the same items; a new note starts without any.
+    // Opened again, the screen shows the same items.
     tela.reset();
     tela = AbrirTela();
     barra = tela->findChild<TTotaisBar *>(QStringLiteral("TotaisBar"));
     EXPECT_EQ(mostra(10), QStringLiteral("2 2 R$ 30,00"));
+
+    secao("posted, unposted and cancelled through the screen's actions");
+    const auto acionar = [&](const char *acao) {
+        dialogos.Limpar();
+        QAction *a = tela->Acao(QLatin1String(acao));
+        EXPECT_TRUE(a->isEnabled()) << acao;
+        a->trigger();
+    };
+    // "posted cancelled stock moves" as stored.
+    const auto banco = [&] { return db.valor(QStringLiteral("select baixado || cancelado || ' ' || (select count(*) from compra_est_mov) from compra where compra_cod=10")); };
+    acionar("BaixarAct");
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+    EXPECT_EQ(banco(), "SN 2");
+    EXPECT_TRUE(tela->NotaAtualBaixada());
+    acionar("BaixarAct");
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), "Esta nota já foi baixada");
+    dialogos.Responder(true);
+    acionar("DesbaixarAct");
+    EXPECT_EQ(dialogos.Perguntas().size(), 1);
+    EXPECT_EQ(dialogos.Perguntas().value(0).texto, "Deseja desbaixar o documento 001-0000010");
+    EXPECT_EQ(banco(), "NN 0");
+    dialogos.Responder(true);
+    acionar("CancAct");
+    EXPECT_EQ(dialogos.Perguntas().size(), 1);
+    acionar("CancAct");
+    EXPECT_EQ(banco(), "NS 0");
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "Nota já foi cancelada");
+    EXPECT_TRUE(dialogos.Perguntas().isEmpty());
+    dialogos.Limpar();
+
+    secao("a new note starts without items");
     QTest::keyClick(tela.get(), Qt::Key_F3);
     EXPECT_EQ(tela->RepD().Itens().RecordCount(), 0);
     EXPECT_EQ(barra->Estado(), TTotaisBar::Concordancia::Neutra);
