@@ -170,32 +170,5 @@ TEST_F(ItemEntrada, OtherTypesCompleteAnItemWithLess)
     }
 }
 
-TEST_F(ItemEntrada, AProductWithAGradeOffersItsVariantsOnly)
-{
-    sql(QStringLiteral("insert into grade_tit (grade_tit_cod, descr) values (1, 'COR');"
-                       "insert into grade_tit (grade_tit_cod, descr) values (2, 'TAMANHO');"
-                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 0, null);"
-                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 1, 'VERDE');"
-                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 2, 'AZUL');"
-                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (2, 1, 'P');"
-                       "insert into prod_grade (prod_cod, grade_tit_cod) values (2, 1);"));
-    abrir();
-    ASSERT_EQ(tela->GradeCombos().size(), 2);
-    // "enabled:items" of each combo.
-    const auto combos = [this] {
-        QStringList r;
-        for (QComboBox *c : tela->GradeCombos()) {
-            r << QString::number(c->isEnabled()) + ':';
-            for (int i = 0; i < c->count(); ++i)
-                r.last() += c->itemText(i) + ',';
-        }
-        return r.join(' ');
-    };
-    novaNota();
-    buscar(QStringLiteral("2"));
-    EXPECT_EQ(combos(), QStringLiteral("1:UNICO,AZUL,VERDE, 0:"));
-    buscar(QStringLiteral("1"));
-    EXPECT_EQ(combos(), QStringLiteral("0: 0:"));
-}
 
 } // namespace

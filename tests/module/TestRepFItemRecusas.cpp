@@ -61,8 +61,14 @@ TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
     }
 }
 
-TEST_F(ItemEntrada, SearchesHeadersAndDeletionsThatRefuse)
+TEST_F(ItemEntrada, SearchesHeadersDeletionsAndGrades)
 {
+    // Product 2 has a colour grade; no product has the size one.
+    sql(QStringLiteral("insert into grade_tit (grade_tit_cod, descr) values (1, 'COR'); insert into grade_tit (grade_tit_cod, descr) values (2, 'TAMANHO');"
+                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 0, null);"
+                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 1, 'VERDE');"
+                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (1, 2, 'AZUL');"
+                       "insert into grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) values (2, 1, 'P'); insert into prod_grade (prod_cod, grade_tit_cod) values (2, 1);"));
     abrir();
     QTest::keyClick(tela.get(), Qt::Key_F3);
     Digitar(h->NDocNumEditBR(), QStringLiteral("77"));
@@ -112,6 +118,22 @@ TEST_F(ItemEntrada, SearchesHeadersAndDeletionsThatRefuse)
         EXPECT_EQ(QStringLiteral("%1 %2 %3").arg(Foco()).arg(p->ProdCodNumEditBR()->Value()).arg(p->BuscaLabeledEdit()->selectedText()),
                   QStringLiteral("BuscaLabeledEdit 0 ") + QLatin1String(texto));
     }
+
+    // A product with a grade offers its variants only: "enabled:items" of each combo.
+    ASSERT_EQ(tela->GradeCombos().size(), 2);
+    const auto combos = [this] {
+        QStringList r;
+        for (QComboBox *c : tela->GradeCombos()) {
+            r << QString::number(c->isEnabled()) + ':';
+            for (int i = 0; i < c->count(); ++i)
+                r.last() += c->itemText(i) + ',';
+        }
+        return r.join(' ');
+    };
+    buscar(QStringLiteral("2"));
+    EXPECT_EQ(combos(), "1:UNICO,AZUL,VERDE, 0:");
+    buscar(QStringLiteral("1"));
+    EXPECT_EQ(combos(), "0: 0:");
 }
 
 // Stored notes 7 (posted) and 8, each with items of products 1 and 2, opened for altering.
