@@ -61,14 +61,6 @@ protected:
             QTest::keyClick(ultimo, Qt::Key_Return);
     }
 
-    // A whole item: the product searched, its total cost typed, Enter on the last price.
-    void item(const char *busca, const char *custoTot)
-    {
-        buscar(QLatin1String(busca));
-        Digitar(p->CustoTotItemNumEditBR(), QLatin1String(custoTot));
-        completar();
-    }
-
     TNumEditBR *preco(int tabela) { return tela->PrecoEdits().at(tabela - 1); }
     TClientDataSet &itens() { return tela->RepD().Itens(); }
     QString campo(const char *nome) { return itens().FieldByName(QLatin1String(nome)).AsString(); }

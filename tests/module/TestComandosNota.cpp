@@ -41,8 +41,14 @@ protected:
     QString erros;
 };
 
-TEST_F(ComandosNota, BaixarEnviarDesbaixar)
+TEST_F(ComandosNota, UsoErradoBaixarEnviarDesbaixar)
 {
+    // Wrong usage exits with 2 and moves nothing.
+    for (const char *uso : {"post", "post abc", "unpost 1-4 1-5", "send 1-4 --force", "cancel 1-"}) {
+        EXPECT_TRUE(Rodou(uso).startsWith("2|")) << uso;
+        EXPECT_FALSE(erros.isEmpty()) << uso;
+    }
+    EXPECT_EQ(db.valor(QStringLiteral("select count(*) from est_mov")), "0");
     EXPECT_EQ(Rodou("post 001-0000004"), "0|Nota 001-0000004 baixada\n");
     EXPECT_EQ(Rodou("post 1-4"), "1|informação: Esta nota já foi baixada\n");
     EXPECT_EQ(Rodou("send 1-4"), "0|Nota 001-0000004 enviada à empresa de destino\ninformação: Comando executado\n");
@@ -69,15 +75,6 @@ TEST_F(ComandosNota, CancelarNotaInexistenteOuAmbigua)
     EXPECT_EQ(db.valor(QStringLiteral("select list(estacao_cod || cancelado) from (select * from compra order by estacao_cod)")), "1N,2S");
     // What the screen leaves silent still gets a line here.
     EXPECT_EQ(Rodou("send 1-2-4"), "1|pavrel send: nota 001-0000004 sem empresa de destino\n");
-}
-
-TEST_F(ComandosNota, UsoErradoSai2)
-{
-    for (const char *uso : {"post", "post abc", "unpost 1-4 1-5", "send 1-4 --force", "cancel 1-"}) {
-        EXPECT_TRUE(Rodou(uso).startsWith("2|")) << uso;
-        EXPECT_FALSE(erros.isEmpty()) << uso;
-    }
-    EXPECT_EQ(db.valor(QStringLiteral("select count(*) from est_mov")), "0");
 }
 
 TEST_F(ComandosNota, LeSoANotaPedidaPelaChave)

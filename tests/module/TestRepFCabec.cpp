@@ -56,8 +56,7 @@ TEST_F(RepFCabec, F3ThenATypedEntryIsSavedListedAlteredAndNotTypedTwice)
 
     digitarEntrada();
     EXPECT_EQ(tela->windowTitle() + ' ' + p->TotNumEditBR()->text(), "Pavrel - Inserindo 1245,06");
-    ASSERT_TRUE(gravar()) << primeiraMensagem().toStdString();
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    ASSERT_TRUE(gravar() && dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
     EXPECT_EQ(db.valor(QStringLiteral("select nat_op_str || '|' || ndoc || '|' || serie || '|' || tot || '|' || "
                                       "estacao_cod || '|' || fornec_cod || '|' || dth_sai || '|' || compra_cod from compra")),
               QStringLiteral("Compra p/ revenda; D'Ávila|4587|1|1245.0600|3|1|2026-11-22 08:30:00.0000|%1")

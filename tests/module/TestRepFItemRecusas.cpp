@@ -85,7 +85,9 @@ TEST_F(ItemEntrada, SearchesHeadersDeletionsAndGrades)
     dialogos.Limpar();
 
     // An item never stored leaves without a statement.
-    item("1", "10");
+    buscar(QStringLiteral("1"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
+    completar();
     ASSERT_EQ(itens().RecordCount(), 1);
     RegistroSql registro;
     dialogos.Responder(true);
@@ -96,7 +98,9 @@ TEST_F(ItemEntrada, SearchesHeadersDeletionsAndGrades)
     dialogos.Limpar();
 
     // The click first leaves a field whose check refuses: nothing is deleted.
-    item("1", "10");
+    buscar(QStringLiteral("1"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
+    completar();
     ASSERT_EQ(itens().RecordCount(), 1);
     buscar(QStringLiteral("2"));
     Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("0"));
