@@ -22,13 +22,13 @@ const auto I = TipoMensagem::Info;
 TEST_F(ItemEntrada, EachRefusalShowsItsMessageOnceAndAddsNothing)
 {
     const Recusa recusas[] = {
-        {"package_quantity_zero", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->EmbQtdNumEditBR()->SetValue(0); }, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
-        {"package_count_below_a_thousandth", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
-        {"no_total_cost", 0, "1", [](TItemPanel *p, TEdNotaPanel *) { p->CustoTotItemNumEditBR()->SetValue(0); }, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
-        {"return_without_ncm", 1, "1", [](TItemPanel *p, TEdNotaPanel *) { p->NCMMaskEdit()->clear(); }, I, "O NCM é obrigatório", "NCMMaskEdit"},
+        {"package_quantity_zero", 0, "1", [](TItemPanel *ip, TEdNotaPanel *) { ip->EmbQtdNumEditBR()->SetValue(0); }, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR"},
+        {"package_count_below_a_thousandth", 0, "1", [](TItemPanel *ip, TEdNotaPanel *) { ip->QtdEmbsNumEditBR()->setText(QStringLiteral("0,0009")); }, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR"},
+        {"no_total_cost", 0, "1", [](TItemPanel *ip, TEdNotaPanel *) { ip->CustoTotItemNumEditBR()->SetValue(0); }, I, "O custo total do item é obrigatório", "CustoTotItemNumEditBR"},
+        {"return_without_ncm", 1, "1", [](TItemPanel *ip, TEdNotaPanel *) { ip->NCMMaskEdit()->clear(); }, I, "O NCM é obrigatório", "NCMMaskEdit"},
         {"no_product", 0, "", [](TItemPanel *, TEdNotaPanel *) {}, E, "O produto é obrigatório", "BuscaLabeledEdit"},
-        {"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->TotProdNumEditBR()->SetValue(0); }, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
-        {"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *h) { h->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
+        {"header_without_products_total", 0, "1", [](TItemPanel *, TEdNotaPanel *np) { np->TotProdNumEditBR()->SetValue(0); }, E, "O total de produtos é obrigatório", "TotProdNumEditBR"},
+        {"header_dated_tomorrow", 0, "1", [](TItemPanel *, TEdNotaPanel *np) { np->DtDocDtFr()->setDate(QDate(2026, 11, 23)); }, E, "A data do documento deve ser igual a de hoje ou anterior", "DtDocDtFr"},
         {"leaving_package_quantity_zero", 0, "1", nullptr, E, "Quantidade na embalagem é obrigatória", "EmbQtdNumEditBR", "0"},
         {"leaving_package_count_zero", 0, "1", nullptr, E, "Quantidade de embalagens é obrigatória", "QtdEmbsNumEditBR", "0"},
         {"leaving_total_cost_zero", 0, "1", nullptr, E, "O custo total das embalagens é obrigatório", "CustoTotItemNumEditBR", "0"},
