@@ -21,6 +21,8 @@
 #include <memory>
 #include <optional>
 
+inline void PrintTo(const QString &texto, std::ostream *os) { *os << '"' << texto.toStdString() << '"'; }
+
 // The real screen, shown offscreen at the size of a clerk's monitor, once its note list is loaded.
 inline std::unique_ptr<TRepF> AbrirTela()
 {
