@@ -3,268 +3,172 @@
 #include "ItemEntradaTeste.h"
 
 #include <QFrame>
-#include <QPushButton>
 
 namespace {
 
-TEST_F(ItemEntrada, APurchaseTypedItemByItemIsStoredAsTyped)
+// Per price: ordem, product, supplier's code, package quantity and count, cost, CFOP, NCM, unit, tax
+// situation, price table and price.
+QString Staged(TestDatabase &db)
+{
+    return db.valor(QStringLiteral(
+        "select list(l, ' ') from (select i.ordem || '|' || i.prod_cod || '|' || coalesce(i.prod_cod_deles, '') || '|' || i.emb_qtd || '|' || "
+        "i.qtd_embs || '|' || i.custo_tot || '|' || coalesce(i.cfop, '') || '|' || i.ncm || '|' || i.unid_cod || '|' || i.trib_cod || '|' || "
+        "p.tab_preco_cod || '|' || p.preco l from compra_item_tmp i join compra_item_tmp_precos p "
+        "on p.compra_item_tmp_cod=i.compra_item_tmp_cod order by i.ordem, p.tab_preco_cod)"));
+}
+
+TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
 {
     abrir();
     novaNota(0, QStringLiteral("102"));
 
-    // Item 1 by product code, reached from an empty supplier's code.
-    p->ProdCodDelesLabeledEdit()->setFocus();
-    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    ASSERT_EQ(foco(), QStringLiteral("BuscaLabeledEdit"));
-    buscar(QStringLiteral("1"));
-    EXPECT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO UM"));
-    EXPECT_EQ(foco(), QStringLiteral("CFOPItemNumEditBR"));
-    QTest::keyClicks(p->CFOPItemNumEditBR(), QStringLiteral("1102"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("2"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("20"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 1) << dialogos.Mensagens().size();
-    EXPECT_EQ(foco(), QStringLiteral("ProdCodDelesLabeledEdit"));
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 0.0);
-    EXPECT_EQ(p->CustoTotItemNumEditBR()->Value(), 0.0);
-
-    // Item 2 by bar code, item 3 by GTIN with a margin and one price typed over.
-    buscar(QStringLiteral("17890000000021"));
-    ASSERT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO DOIS"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("54"));
-    completar();
-    // A supplier's code nobody registered leads on to the search and stays with the item.
-    digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("XYZ-9"));
-    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    ASSERT_EQ(foco(), QStringLiteral("BuscaLabeledEdit"));
-    buscar(QStringLiteral("7890000000031"));
-    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 3.0);
-    QTest::keyClicks(p->CFOPItemNumEditBR(), QStringLiteral("1403"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("30"));
-    digitar(p->MargemNumEditBR(), QStringLiteral("60"));
-    EXPECT_EQ(p->PrecoNumEditBR()->text(), QStringLiteral("48,00"));
-    digitar(preco(3), QStringLiteral("44"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 3);
-    EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
-
-    // Item 2 opened with a double click; the cursor then moves to another row before Enter.
-    duploClique(linhaDoProduto(2));
-    ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);
-    EXPECT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO DOIS"));
-    EXPECT_EQ(p->QtdEmbsNumEditBR()->text(), QStringLiteral("3,000"));
-    EXPECT_EQ(foco(), QStringLiteral("BuscaLabeledEdit"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("4"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("72"));
-    itens().SetRecNo(linhaDoProduto(3) + 1);
-    completar();
-    EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
-    ASSERT_EQ(itens().RecordCount(), 3);
-
-    // Item 1 deleted.
-    itens().SetRecNo(linhaDoProduto(1) + 1);
-    dialogos.Responder(true);
-    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
-    ASSERT_EQ(itens().RecordCount(), 2);
-    EXPECT_EQ(linhaDoProduto(1), -1);
-
-    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
-    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << dialogos.Mensagens().first().texto.toStdString();
-    // ordem, product, supplier's code, package quantity and count, cost, CFOP, NCM, unit, tax
-    // situation, price table, price.
-    EXPECT_EQ(staged().toStdString(), std::string("2|2||12|4|72||22021000|2|3|1|1.95\n"
-                                                  "2|2||12|4|72||22021000|2|3|2|2.14\n"
-                                                  "2|2||12|4|72||22021000|2|3|3|1.86\n"
-                                                  "3|3|XYZ-9|1|1|30|1403|19059090|1|1|1|48\n"
-                                                  "3|3|XYZ-9|1|1|30|1403|19059090|1|1|2|52.8\n"
-                                                  "3|3|XYZ-9|1|1|30|1403|19059090|1|1|3|44"));
-
-    // Opened again, the screen lists the same two items.
-    tester.reset();
-    tela.reset();
-    abrir();
-    ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
-    EXPECT_EQ(itens().RecordCount(), 2);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("prod_DESCR")).AsString().isEmpty(), false);
-}
-
-
-TEST_F(ItemEntrada, ThePriceFollowsTheCostAsItIsTyped)
-{
-    abrir();
-    novaNota();
+    secao("the price follows the cost key by key");
     buscar(QStringLiteral("1"));
     ASSERT_EQ(p->MargemNumEditBR()->text(), QStringLiteral("30,00"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
-    p->CustoTotItemNumEditBR()->setFocus();
-    p->CustoTotItemNumEditBR()->selectAll();
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
+    Digitar(p->CustoTotItemNumEditBR(), QString());
     QStringList vistos;
     for (const char *tecla : {"1", "0", "0"}) {
         QTest::keyClicks(p->CustoTotItemNumEditBR(), QLatin1String(tecla));
         vistos << p->PrecoNumEditBR()->text();
     }
-    // 1 / 3 x 1,3; 10 / 3 x 1,3; 100 / 3 x 1,3, each cut to the cent.
-    EXPECT_EQ(vistos, (QStringList{QStringLiteral("0,43"), QStringLiteral("4,33"), QStringLiteral("43,33")}));
-    EXPECT_EQ(p->CustoNumEditBR()->text(), QStringLiteral("33,3333"));
-    // The first table is the new price; the others add their percentage of it (+10%, -5%).
-    EXPECT_EQ(preco(1)->text(), QStringLiteral("43,33"));
-    EXPECT_EQ(preco(2)->text(), QStringLiteral("47,66"));
-    EXPECT_EQ(preco(3)->text(), QStringLiteral("41,17"));
-    EXPECT_EQ(p->CustoTotItemNumEditBR()->text(), QStringLiteral("100"));
-}
+    // 1, 10 and 100 / 3 x 1,3 cut to the cent; the other tables add +10% and -5% of the first.
+    EXPECT_EQ(vistos, (QStringList{"0,43", "4,33", "43,33"}));
+    EXPECT_EQ((QStringList{p->CustoNumEditBR()->text(), preco(1)->text(), preco(2)->text(), preco(3)->text(), p->CustoTotItemNumEditBR()->text()}),
+              (QStringList{"33,3333", "43,33", "47,66", "41,17", "100"}));
 
-TEST_F(ItemEntrada, TheBoughtQuantityIsCutAtFourDecimalsNotRounded)
-{
-    abrir();
-    novaNota();
-    buscar(QStringLiteral("1"));
-    digitar(p->EmbQtdNumEditBR(), QStringLiteral("1,111"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
-    EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
-    completar();
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), 1.2387);
-    // 10 / 1,2387 at four decimals.
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_unit")).AsMoney().toString(), QStringLiteral("8.073"));
-}
+    secao("escape abandons the item and keeps the note");
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+    // product, search, cost; the note's number and items
+    EXPECT_EQ(QStringLiteral("%1 '%2' %3; %4 %5").arg(p->ProdCodNumEditBR()->Value()).arg(p->BuscaLabeledEdit()->text())
+                  .arg(p->CustoTotItemNumEditBR()->Value()).arg(h->NDocNumEditBR()->Value()).arg(itens().RecordCount()), "0 '' 0; 4587 0");
+    EXPECT_EQ(tela->CabecState(), TDataSetState::Insert);
+    EXPECT_TRUE(dialogos.Perguntas().isEmpty());
 
-TEST_F(ItemEntrada, TheProductListDropsDownWhileADescriptionIsTyped)
-{
-    abrir();
-    novaNota();
+    secao("the product list drops down while a description is typed");
     QFrame *lista = p->ProdPanel();
-    digitar(p->BuscaLabeledEdit(), QStringLiteral("dois"));
-    ASSERT_TRUE(lista->isVisible());
     QAbstractItemModel *modelo = p->ProdDBGrid()->model();
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("dois"));
+    ASSERT_TRUE(lista->isVisible());
     ASSERT_EQ(modelo->rowCount(), 1);
-    EXPECT_EQ(modelo->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Código"));
-    EXPECT_EQ(modelo->index(0, 2).data().toString(), QStringLiteral("00002"));
+    EXPECT_EQ(modelo->index(0, 2).data().toString(), "00002");
     QTest::keyClick(p->BuscaLabeledEdit(), Qt::Key_Down);
-    ASSERT_EQ(foco(), QStringLiteral("ProdDBGrid"));
+    ASSERT_EQ(Foco(), QStringLiteral("ProdDBGrid"));
     QTest::keyClick(p->ProdDBGrid(), Qt::Key_Return);
     EXPECT_FALSE(lista->isVisible());
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 2.0);
-    EXPECT_EQ(foco(), QStringLiteral("CFOPItemNumEditBR"));
-
+    EXPECT_EQ(p->ProdCodNumEditBR()->text() + ' ' + Foco(), "2 CFOPItemNumEditBR");
     // Digits are a code being typed; leaving the field closes the list a moment later.
-    digitar(p->BuscaLabeledEdit(), QStringLiteral("789"));
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("789"));
     EXPECT_FALSE(lista->isVisible());
-    digitar(p->BuscaLabeledEdit(), QStringLiteral("produto"));
+    Digitar(p->BuscaLabeledEdit(), QStringLiteral("produto"));
     ASSERT_EQ(modelo->rowCount(), 3);
     p->CFOPItemNumEditBR()->setFocus();
     EXPECT_TRUE(lista->isVisible());
     QTRY_VERIFY_WITH_TIMEOUT(!lista->isVisible(), 2000);
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
-}
 
-TEST_F(ItemEntrada, TheSuppliersOwnCodeFindsItsProduct)
-{
-    abrir();
-    novaNota();
-    digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("ABC-001"));
+    secao("the bought quantity is cut at four decimals, not rounded");
+    buscar(QStringLiteral("1"));
+    Digitar(p->EmbQtdNumEditBR(), QStringLiteral("1,111"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("1,115"));
+    EXPECT_EQ(p->QtdCompradaNumEditBR()->text(), QStringLiteral("1,2387"));
+    QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Escape);
+
+    secao("items typed, altered and deleted");
+    // Item 1 by the supplier's own code.
+    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("ABC-001"));
     QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 1.0);
-    EXPECT_EQ(p->BuscaLabeledEdit()->text(), QStringLiteral("1"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
+    EXPECT_EQ(p->ProdCodNumEditBR()->text() + ' ' + p->BuscaLabeledEdit()->text(), "1 1");
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("20"));
     completar();
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("PROD_COD_DELES")).AsString(), QStringLiteral("ABC-001"));
-}
+    ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
+    EXPECT_EQ(campo("PROD_COD_DELES") + ' ' + Foco(), "ABC-001 ProdCodDelesLabeledEdit");
+    EXPECT_EQ(p->ProdCodNumEditBR()->Value() + p->CustoTotItemNumEditBR()->Value(), 0.0);
 
-TEST_F(ItemEntrada, EscapeAbandonsTheItemBeingTypedAndKeepsTheNote)
-{
-    abrir();
-    novaNota();
-    buscar(QStringLiteral("2"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
-    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 2.0);
-    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
-    EXPECT_EQ(p->ProdCodNumEditBR()->Value(), 0.0);
-    EXPECT_TRUE(p->BuscaLabeledEdit()->text().isEmpty());
-    EXPECT_EQ(p->CustoTotItemNumEditBR()->Value(), 0.0);
-    EXPECT_EQ(tela->CabecState(), TDataSetState::Insert);
-    EXPECT_EQ(h->NDocNumEditBR()->Value(), 4587.0);
-    EXPECT_TRUE(dialogos.Perguntas().isEmpty());
-    EXPECT_EQ(itens().RecordCount(), 0);
-}
-
-TEST_F(ItemEntrada, AProductionItemIsCompletedByItsPackagesWhenNoCostIsRequired)
-{
-    ASSERT_EQ(db.exec(QStringLiteral("insert into config (chave, valor) values ('REP_PRODUC_CUSTO_EXIGE', 'N')")), QString());
-    abrir();
-    novaNota(3);
-    buscar(QStringLiteral("3"));
-    ASSERT_EQ(foco(), QStringLiteral("QtdEmbsNumEditBR"));
-    QTest::keyClicks(p->QtdEmbsNumEditBR(), QStringLiteral("5"));
-    QTest::keyClick(p->QtdEmbsNumEditBR(), Qt::Key_Return);
-    ASSERT_EQ(itens().RecordCount(), 1) << (dialogos.Mensagens().isEmpty() ? "" : dialogos.Mensagens().first().texto.toStdString());
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_EMBS")).AsFloat(), 5.0);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("CUSTO_TOT")).AsMoney(), Money());
-    EXPECT_EQ(foco(), QStringLiteral("BuscaLabeledEdit"));
-}
-
-TEST_F(ItemEntrada, AComplementaryNoteTakesAnItemWithoutQuantities)
-{
-    abrir();
-    novaNota(6);
-    buscar(QStringLiteral("1"));
-    EXPECT_EQ(foco(), QStringLiteral("NCMMaskEdit"));
-    digitar(p->EmbQtdNumEditBR(), QStringLiteral("0"));
-    digitar(p->QtdEmbsNumEditBR(), QStringLiteral("0"));
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("15"));
+    // Item 2 by bar code, reached from an empty supplier's code.
+    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
+    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    buscar(QStringLiteral("17890000000021"));
+    ASSERT_EQ(p->ProdDescrLabeledEdit()->text(), QStringLiteral("PRODUTO DOIS"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("3"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("54"));
     completar();
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << dialogos.Mensagens().first().texto.toStdString();
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("EMB_QTD")).AsFloat(), 0.0);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("QTD_EMBS")).AsFloat(), 0.0);
-    // No bought quantity: no unit cost either, and no division by zero.
-    EXPECT_TRUE(itens().FieldByName(QStringLiteral("CUSTO_unit")).IsNull());
+    // Item 3: a supplier's code nobody registered leads on to the search and stays with the item.
+    Digitar(p->ProdCodDelesLabeledEdit(), QStringLiteral("XYZ-9"));
+    QTest::keyClick(p->ProdCodDelesLabeledEdit(), Qt::Key_Return);
+    ASSERT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    buscar(QStringLiteral("7890000000031"));
+    ASSERT_EQ(p->ProdCodNumEditBR()->Value(), 3.0);
+    QTest::keyClicks(p->CFOPItemNumEditBR(), QStringLiteral("1403"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("30"));
+    Digitar(p->MargemNumEditBR(), QStringLiteral("60"));
+    EXPECT_EQ(p->PrecoNumEditBR()->text(), QStringLiteral("48,00"));
+    Digitar(preco(3), QStringLiteral("44"));
+    completar();
+    ASSERT_EQ(itens().RecordCount(), 3);
+    EXPECT_EQ(db.valor(QStringLiteral("select margem from prod_compl where prod_cod=3 and empr_cod=1")), QStringLiteral("60"));
+
+    // Item 2 opened with a double click; the cursor then moves to another row before Enter.
+    ASSERT_TRUE(itens().Locate(QStringLiteral("PROD_COD"), 2));
+    duploClique(itens().RecNo() - 1);
+    ASSERT_EQ(tela->ItemState(), TDataSetState::Edit);
+    EXPECT_EQ(p->ProdDescrLabeledEdit()->text() + ' ' + p->QtdEmbsNumEditBR()->text(), "PRODUTO DOIS 3,000");
+    EXPECT_EQ(Foco(), QStringLiteral("BuscaLabeledEdit"));
+    Digitar(p->QtdEmbsNumEditBR(), QStringLiteral("4"));
+    Digitar(p->CustoTotItemNumEditBR(), QStringLiteral("72"));
+    itens().Locate(QStringLiteral("PROD_COD"), 3);
+    completar();
+    EXPECT_EQ(tela->ItemState(), TDataSetState::Insert);
+    ASSERT_EQ(itens().RecordCount(), 3);
+
+    itens().Locate(QStringLiteral("PROD_COD"), 1);
+    dialogos.Responder(true);
+    QTest::mouseClick(p->ExcluirItemButton(), Qt::LeftButton);
+    ASSERT_EQ(itens().RecordCount(), 2);
+    EXPECT_FALSE(itens().Locate(QStringLiteral("PROD_COD"), 1));
+
+    QTest::mouseClick(h->NotaOkButton(), Qt::LeftButton);
+    ASSERT_EQ(tela->CabecState(), TDataSetState::Browse);
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+    EXPECT_EQ(Staged(db).toStdString(),
+              "2|2||12.0000|4.0000|72.0000||22021000|2|3|1|1.9500 2|2||12.0000|4.0000|72.0000||22021000|2|3|2|2.1400 "
+              "2|2||12.0000|4.0000|72.0000||22021000|2|3|3|1.8600 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|1|48.0000 "
+              "3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|2|52.8000 3|3|XYZ-9|1.0000|1.0000|30.0000|1403|19059090|1|1|3|44.0000");
 }
 
-TEST_F(ItemEntrada, WhereThePricesAreNotTypedEnterOnTheLastFieldCompletesTheItem)
+// Types that ask less of an item: fields typed, then Enter on `enter` (the last price when none).
+TEST_F(ItemEntrada, OtherTypesCompleteAnItemWithLess)
 {
-    abrir();
-    novaNota(1);
-    buscar(QStringLiteral("1"));
-    ASSERT_TRUE(tela->ItemNota().PrecoUltimoEdit()->ReadOnlyLook());
-    digitar(p->CustoTotItemNumEditBR(), QStringLiteral("10"));
-    digitar(p->TribIcmsvICMSSTRet_NumEditBR(), QStringLiteral("1"));
-    QTest::keyClick(p->TribIcmsvICMSSTRet_NumEditBR(), Qt::Key_Return);
-    ASSERT_EQ(itens().RecordCount(), 1);
-    EXPECT_EQ(itens().FieldByName(QStringLiteral("TRIB_ICMS_VICMSSTRET")).AsMoney(), Money::fromInt(1));
-    EXPECT_EQ(foco(), QStringLiteral("ProdCodDelesLabeledEdit"));
+    sql(QStringLiteral("insert into config (chave, valor) values ('REP_PRODUC_CUSTO_EXIGE', 'N')"));
+    const struct { const char *nome; int tipo; const char *busca, *foco; QList<QPair<const char *, const char *>> digitar; const char *enter, *campos, *esperado; } casos[] = {
+        {"production_without_demanded_cost", 3, "3", "QtdEmbsNumEditBR", {{"QtdEmbsNumEditBR", "5"}}, "QtdEmbsNumEditBR", "QTD_EMBS CUSTO_TOT", "5 0 BuscaLabeledEdit"},
+        {"return_where_prices_are_not_typed", 1, "1", "NCMMaskEdit", {{"CustoTotItemNumEditBR", "10"}, {"TribIcmsvICMSSTRet_NumEditBR", "1"}},
+         "TribIcmsvICMSSTRet_NumEditBR", "TRIB_ICMS_VICMSSTRET", "1 ProdCodDelesLabeledEdit"},
+        // Last, as it leaves product 1 with no package quantity. No bought quantity: no unit cost either,
+        // and no division by zero.
+        {"complementary_without_quantities", 6, "1", "NCMMaskEdit", {{"EmbQtdNumEditBR", "0"}, {"QtdEmbsNumEditBR", "0"}, {"CustoTotItemNumEditBR", "15"}},
+         nullptr, "EMB_QTD QTD_EMBS CUSTO_unit", "0 0  ProdCodDelesLabeledEdit"},
+    };
+    for (const auto &c : casos) {
+        SCOPED_TRACE(c.nome);
+        abrir();
+        novaNota(c.tipo);
+        buscar(QLatin1String(c.busca));
+        EXPECT_EQ(Foco(), QLatin1String(c.foco));
+        EXPECT_EQ(tela->ItemNota().PrecoUltimoEdit()->ReadOnlyLook(), c.tipo != 3);
+        for (const auto &[nome, texto] : c.digitar)
+            Digitar(p->findChild<QLineEdit *>(QLatin1String(nome)), QLatin1String(texto));
+        if (c.enter)
+            QTest::keyClick(p->findChild<QWidget *>(QLatin1String(c.enter)), Qt::Key_Return);
+        else
+            completar();
+        ASSERT_EQ(itens().RecordCount(), 1) << primeiraMensagem().toStdString();
+        QStringList valores;
+        for (const QString &nome : QString::fromLatin1(c.campos).split(' '))
+            valores << itens().FieldByName(nome).AsString();
+        EXPECT_EQ((valores.join(' ') + ' ' + Foco()).toStdString(), c.esperado);
+    }
 }
 
-TEST_F(ItemEntrada, AProductWithAGradeOffersItsVariantsOnly)
-{
-    ASSERT_EQ(db.execScript(QStringLiteral(
-                  "INSERT INTO grade_tit (grade_tit_cod, descr) VALUES (1, 'COR');\n"
-                  "INSERT INTO grade_tit (grade_tit_cod, descr) VALUES (2, 'TAMANHO');\n"
-                  "INSERT INTO grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) VALUES (1, 0, NULL);\n"
-                  "INSERT INTO grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) VALUES (1, 1, 'VERDE');\n"
-                  "INSERT INTO grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) VALUES (1, 2, 'AZUL');\n"
-                  "INSERT INTO grade_item (grade_tit_cod, grade_item_cod, grade_item_descr) VALUES (2, 1, 'P');\n"
-                  "INSERT INTO prod_grade (prod_cod, grade_tit_cod) VALUES (2, 1);\n")),
-              QString());
-    abrir();
-    ASSERT_EQ(tela->GradeCombos().size(), 2);
-    QComboBox *cor = tela->GradeCombos().at(0);
-    QComboBox *tamanho = tela->GradeCombos().at(1);
-    novaNota();
-    buscar(QStringLiteral("2"));
-    ASSERT_TRUE(cor->isEnabled());
-    QStringList itensCor;
-    for (int i = 0; i < cor->count(); ++i)
-        itensCor << cor->itemText(i);
-    EXPECT_EQ(itensCor, (QStringList{QStringLiteral("UNICO"), QStringLiteral("AZUL"), QStringLiteral("VERDE")}));
-    EXPECT_FALSE(tamanho->isEnabled());
-    EXPECT_EQ(tamanho->count(), 0);
-    buscar(QStringLiteral("1"));
-    EXPECT_FALSE(cor->isEnabled());
-    EXPECT_EQ(cor->count(), 0);
-}
 
 } // namespace
