@@ -79,10 +79,12 @@ TEST_F(RepFItens, EachNoteShowsItsItemsComesBackUnchangedFromAnAlterationAndIsPo
     };
     // "posted cancelled stock moves" as stored.
     const auto banco = [&] { return db.valor(QStringLiteral("select baixado || cancelado || ' ' || (select count(*) from compra_est_mov) from compra where compra_cod=10")); };
+    // The row follows each action: posted and cancelled as the grid shows them.
+    const auto linha = [&] { const TClientDataSet &n = tela->RepD().Notas(); return n.FieldByName("BAIXADO_STR").AsString() + '/' + n.FieldByName("CANCELADO_STR").AsString(); };
     acionar("BaixarAct");
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
     EXPECT_EQ(banco(), "SN 2");
-    EXPECT_TRUE(tela->NotaAtualBaixada());
+    EXPECT_EQ(linha(), "SIM/NÃO");
     acionar("BaixarAct");
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), "Esta nota já foi baixada");
     dialogos.Responder(true);
@@ -90,9 +92,11 @@ TEST_F(RepFItens, EachNoteShowsItsItemsComesBackUnchangedFromAnAlterationAndIsPo
     EXPECT_EQ(dialogos.Perguntas().size(), 1);
     EXPECT_EQ(dialogos.Perguntas().value(0).texto, "Deseja desbaixar o documento 001-0000010");
     EXPECT_EQ(banco(), "NN 0");
+    EXPECT_EQ(linha(), "NÃO/NÃO");
     dialogos.Responder(true);
     acionar("CancAct");
     EXPECT_EQ(dialogos.Perguntas().size(), 1);
+    EXPECT_EQ(linha(), "NÃO/S");
     acionar("CancAct");
     EXPECT_EQ(banco(), "NS 0");
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), "Nota já foi cancelada");
