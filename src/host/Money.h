@@ -17,6 +17,9 @@ class Money final
 {
 public:
     static constexpr std::int64_t Scale = 10000;
+    // The widest value the money columns (NUMERIC(18,4)) hold: 99999999999999.9999.
+    static constexpr std::int64_t MaxColunaRaw = 999999999999999999;
+    constexpr bool CabeNaColuna() const { return m_raw >= -MaxColunaRaw && m_raw <= MaxColunaRaw; }
 
     constexpr Money() = default;
     static constexpr Money fromRaw(std::int64_t tenThousandths) { Money m; m.m_raw = tenThousandths; return m; }
