@@ -17,8 +17,8 @@
 void ProdInserirCusto(int emprCod, int prodCod, Money custo, int fornecCod, int compraCod, int estMovCod);
 
 // A new sale price of a product in price table `tabPrecoCod` of company `emprCod`, valid from
-// `dt`: a row of the history prod_preco, and the current price, in one statement. `enviado` is the history row's
-// flag for the points of sale ('N': still to be passed on).
+// `dt`: a row of the history prod_preco, and the current price, in one statement. `enviado` is
+// the history row's flag for the points of sale ('N': still to be passed on).
 void ProdInserirPreco(int emprCod, int tabPrecoCod, int prodCod, Money preco, Money precoPromo, const QDate &dt,
                       QChar enviado);
 

@@ -66,6 +66,11 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
     EXPECT_THROW(Movimento(50, 2, 1), EErroBanco);
     EXPECT_EQ(Valor(QStringLiteral("select count(*) from est_mov")), movimentos);
     ASSERT_EQ(db.exec(QStringLiteral("drop trigger compra_est_mov_teste")), QString());
+    // Likewise a price history row without the current price it sets.
+    ASSERT_EQ(db.exec(QStringLiteral("create trigger preco_teste for prod_preco_atual before update as "
+                                     "begin exception e_teste; end")), QString());
+    EXPECT_THROW(ProdInserirPreco(1, 1, 2, Money::fromInt(7), Money(), QDate(2026, 11, 20), QLatin1Char('N')), EErroBanco);
+    EXPECT_EQ(Valor(QStringLiteral("select count(*) from prod_preco")), QLatin1String("0"));
 
     ProdInserirCusto(1, 1, Money::fromRaw(125000), 2, 7, 70);
     ProdInserirCusto(1, 1, Money::fromInt(13), 2, 8, 80);
