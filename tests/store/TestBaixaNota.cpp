@@ -178,13 +178,15 @@ TEST_F(BaixaNota, BaixaInterrompidaSoSeDesfazPorDesbaixarESemBancoParaAntesDeTud
     // Stopped at the first item: nothing to take back.
     Preparar({.compra = 5, .itens = {Item(9, 2, "1", "10")}});
     EXPECT_FALSE(Baixar());
-    EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro).endsWith(QStringLiteral("Nada foi lançado no estoque; a nota continua não baixada.")));
+    EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro)
+                    .endsWith(QStringLiteral("Nada foi lançado no estoque; a nota continua não baixada.")));
     dialogos.Limpar();
 
     Preparar({.compra = 4, .tipo = TipoDoc::Producao, .itens = {Item(1, 3, "2", "40"), Item(2, 2, "3", "30"), Item(3, 1, "1", "10")}});
     EXPECT_FALSE(Baixar());
     const QString mensagem = dialogos.UnicaMensagem(TipoMensagem::Erro);
-    EXPECT_TRUE(mensagem.startsWith(TBaixaNota::AvisoBaixaInterrompida + QStringLiteral("\nA baixa da nota 001-0000004 parou no item 2 (produto 2)."))
+    EXPECT_TRUE(mensagem.startsWith(TBaixaNota::AvisoBaixaInterrompida
+                                    + QStringLiteral("\nA baixa da nota 001-0000004 parou no item 2 (produto 2)."))
                 && mensagem.contains(QLatin1String("produto bloqueado para teste")))
         << mensagem.toStdString();
     const QString primeiro = QStringLiteral("3:2.0000:20.0000:0.0000");
@@ -208,6 +210,12 @@ TEST_F(BaixaNota, BaixaInterrompidaSoSeDesfazPorDesbaixarESemBancoParaAntesDeTud
     ASSERT_TRUE(Baixar());
     EXPECT_EQ(Movimentos(4), primeiro + QStringLiteral(" 2:3.0000:10.0000:0.0000 1:1.0000:10.0000:0.0000"));
     EXPECT_EQ(Saldo(db, 1, 3) + ' ' + Saldo(db, 1, 2) + ' ' + QString::number(Conta("est_mov_compo")), QLatin1String("2 3 1"));
+    // And a whole posting goes back and comes again the same.
+    ASSERT_TRUE(repD.RecarregarLinha(repD.NotaAtual()->chave));
+    dialogos.Responder(true);
+    ASSERT_TRUE(TAcoesNota(db.conexao()).DesbaixarActExecute(repD.NotaAtual(), TDataSetState::Browse, TDataSetState::Browse));
+    ASSERT_TRUE(Baixar());
+    EXPECT_EQ(Conta("compra_est_mov") + Conta("est_mov") + Conta("est_mov_compo"), 3 + 3 + 1);
 
     SCOPED_TRACE("sem banco avisa e para antes de tudo");
     dialogos.Limpar();
