@@ -13,6 +13,7 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QMap>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -110,6 +111,16 @@ double Repetir(const TDadosBanco &banco, const QStringList &comandos)
     return ok ? ms : -1;
 }
 
+// A statement's kind, for the count per item: its first words, or for a block the first words of
+// its first statement.
+QString Tipo(const QString &sql)
+{
+    const QStringList palavras = sql.simplified().split(QLatin1Char(' '));
+    const bool bloco = palavras.value(0).compare(QLatin1String("execute"), Qt::CaseInsensitive) == 0;
+    const QString tipo = palavras.mid(bloco ? 4 : 0, 3).join(QLatin1Char(' ')).section(QLatin1Char('('), 0, 0);
+    return ((bloco ? QLatin1String("block: ") : QLatin1String("")) + tipo.toLower()).left(40);
+}
+
 double Triviais(const TDadosBanco &banco, int quantos)
 {
     TConexaoSQL conexao(banco);
@@ -177,6 +188,11 @@ int main(int argc, char **argv)
 
     const double b = Medicao::Melhor(baixa), p = Medicao::Melhor(repeticao), v = Medicao::Melhor(triviais);
     out << QString::asprintf("statements sent                    %9d      %6.1f per item\n", n, double(n) / g_itens);
+    QMap<QString, int> porTipo;
+    for (const QString &sql : comandos)
+        ++porTipo[Tipo(sql)];
+    for (auto it = porTipo.cbegin(); it != porTipo.cend(); ++it)
+        out << QString::asprintf("  %-40s %6.2f per item\n", qPrintable(it.key()), double(it.value()) / g_itens);
     out << QString::asprintf("BaixarNota                         %9.1f ms  %6.2f ms per item\n", b, b / g_itens);
     out << QString::asprintf("the same statements, bare          %9.1f ms  %6.3f ms each\n", p, p / n);
     out << QString::asprintf("as many trivial inserts            %9.1f ms  %6.3f ms each\n", v, v / n);

@@ -22,13 +22,6 @@ TDadosBanco BancoDe(const QString &database)
     return banco;
 }
 
-// The type number of compra.tipo_cod; empty (or the blank a CHAR column hands back) is 34.
-int CodigoDoTipo(const QString &tipoCod)
-{
-    const QString t = tipoCod.trimmed();
-    return t.isEmpty() ? 34 : int(t.at(0).unicode());
-}
-
 // The columns a destination entry copies from the movement it comes from: everything but the
 // key, the direction, the quantity, the flags and the dates of the copy itself.
 const QString &ColunasCopiadas()
@@ -158,29 +151,12 @@ const QList<TEstMovTrib::ColunaMoney> &TEstMovTrib::ColunasMoney()
     return colunas;
 }
 
-int CompraEstMovInsNovo(TConexaoSQL &conexao, int emprCod, int estacaoCod, int compraCod, int prodCod,
-                        double qtd, Money custo, Money custoTot, Money preco, Money desconto, QChar direcao,
-                        const QString &cfop, const TEstMovTrib &trib)
+int CompraEstMovInsNovo(TConexaoSQL &conexao, const TNotaEstMov &nota, int prodCod, double qtd, Money custo,
+                        Money custoTot, Money preco, Money desconto, QChar direcao, const QString &cfop,
+                        const TEstMovTrib &trib)
 {
-    ConectarOuErro(conexao, QStringLiteral("conectar ao banco para gravar o movimento de estoque"));
-    const auto desconectar = qScopeGuard([&conexao] { conexao.Desconectar(); });
-
-    const QString nota =
-        QStringLiteral("%1-%2").arg(emprCod, 3, 10, QLatin1Char('0')).arg(compraCod, 7, 10, QLatin1Char('0'));
-    const auto q = AbOuErro(conexao,
-                            QLatin1String("select estacao_cod, tipo_cod from compra where empr_cod=") + Int(emprCod)
-                                + QLatin1String(" and compra_cod=") + Int(compraCod),
-                            QStringLiteral("ler a nota %1").arg(nota));
-    if (q->IsEmpty())
-        throw EErroBanco(QStringLiteral("A nota %1 não foi encontrada para gravar o movimento de estoque.").arg(nota));
-    for (q->First(); !q->Eof() && q->Fields(0).AsInteger() != estacaoCod; q->Next()) {
-    }
-    if (q->Eof())
-        q->First();
-    const int estacaoNota = q->Fields(0).AsInteger();
     if (direcao != Estoque::Entrada && direcao != Estoque::Saida)
-        direcao = Estoque::DirecaoDoTipoDoc(CodigoDoTipo(q->Fields(1).AsString()));
-
+        direcao = Estoque::DirecaoDoTipoDoc(nota.tipoCod);
     const int estMovCod =
         int(GeneratorOuErro(conexao, QStringLiteral("est_mov_g"), QStringLiteral("numerar o movimento de estoque")));
 
@@ -189,7 +165,7 @@ int CompraEstMovInsNovo(TConexaoSQL &conexao, int emprCod, int estacaoCod, int c
         "desconto, cancelado, dth_cri, cfop");
     QString valores;
     valores.reserve(1024);
-    valores += Int(emprCod) + QLatin1String(", ") + Int(Estoque::EstacaoMov) + QLatin1String(", ") + Int(estMovCod)
+    valores += Int(nota.emprCod) + QLatin1String(", ") + Int(Estoque::EstacaoMov) + QLatin1String(", ") + Int(estMovCod)
                + QLatin1String(", ") + QuotedStr(QString(direcao)) + QLatin1String(", ") + Int(prodCod)
                + QLatin1String(", (select prod_tipo_cod from prod where prod_cod=") + Int(prodCod) + QLatin1String("), ")
                + FloatToStrPonto(direcao == Estoque::Saida ? -qtd : qtd) + QLatin1String(", ") + FloatToStrPonto(custo)
@@ -216,16 +192,22 @@ int CompraEstMovInsNovo(TConexaoSQL &conexao, int emprCod, int estacaoCod, int c
     }
     colunas += QLatin1String(", icms_val, trib_cod");
     valores += QLatin1String(", ") + FloatToStrPonto(trib.vICMS) + QLatin1String(", ") + TribCodDoProduto(Int(prodCod));
+
+    // One statement for both rows: the engine undoes the movement when its link cannot be
+    // written. (A block that returned the code would report its failures only when fetched.)
     ExecOuErro(conexao,
-               QLatin1String("insert into est_mov (") + colunas + QLatin1String(") values (") + valores + QLatin1Char(')'),
-               QStringLiteral("gravar o movimento de estoque do produto %1 da nota %2").arg(prodCod).arg(nota));
-    ExecOuErro(conexao,
-               QLatin1String("insert into compra_est_mov (empr_cod, estacao_cod, compra_cod, est_mov_empr_cod, "
-                             "est_mov_estacao_cod, est_mov_cod) values (")
-                   + Int(emprCod) + QLatin1String(", ") + Int(estacaoNota) + QLatin1String(", ") + Int(compraCod)
-                   + QLatin1String(", ") + Int(emprCod) + QLatin1String(", ") + Int(Estoque::EstacaoMov)
-                   + QLatin1String(", ") + Int(estMovCod) + QLatin1Char(')'),
-               QStringLiteral("ligar o movimento de estoque %1 à nota %2").arg(estMovCod).arg(nota));
+               QLatin1String("execute block as\nbegin\n  insert into est_mov (") + colunas
+                   + QLatin1String(") values (") + valores
+                   + QLatin1String(");\n  insert into compra_est_mov (empr_cod, estacao_cod, compra_cod, "
+                                   "est_mov_empr_cod, est_mov_estacao_cod, est_mov_cod) values (")
+                   + Int(nota.emprCod) + QLatin1String(", ") + Int(nota.estacaoCod) + QLatin1String(", ")
+                   + Int(nota.compraCod) + QLatin1String(", ") + Int(nota.emprCod) + QLatin1String(", ")
+                   + Int(Estoque::EstacaoMov) + QLatin1String(", ") + Int(estMovCod) + QLatin1String(");\nend"),
+               QStringLiteral("gravar o movimento de estoque do produto %1 da nota %2")
+                   .arg(prodCod)
+                   .arg(QStringLiteral("%1-%2")
+                            .arg(nota.emprCod, 3, 10, QLatin1Char('0'))
+                            .arg(nota.compraCod, 7, 10, QLatin1Char('0'))));
     return estMovCod;
 }
 

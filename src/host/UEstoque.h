@@ -65,14 +65,22 @@ struct TEstMovTrib
     static const QList<ColunaMoney> &ColunasMoney();
 };
 
-// Writes the movement of one posted item and its link to the note; answers the new
-// est_mov_cod (from est_mov_g). The note is looked up by company and code; when workstations
-// share a code, `estacaoCod` (the workstation posting) picks the one created there. The link
-// carries the note's own station. `direcao` is Estoque::Entrada or Saida to force a direction;
-// a blank takes it from the note's document type. The product's kind is recorded with it.
-int CompraEstMovInsNovo(TConexaoSQL &conexao, int emprCod, int estacaoCod, int compraCod, int prodCod,
-                        double qtd, Money custo, Money custoTot, Money preco, Money desconto, QChar direcao,
-                        const QString &cfop, const TEstMovTrib &trib);
+// What the stock routine needs of the note, known to the caller and built once for all items.
+struct TNotaEstMov
+{
+    int emprCod = 0;
+    int estacaoCod = 0;     // the note's own station, which the link carries
+    int compraCod = 0;
+    int tipoCod = 34;       // the document type number, for the direction
+};
+
+// Writes the movement of one posted item and its link to the note in one statement, so that no
+// movement exists without its link; answers the new est_mov_cod (from est_mov_g). `direcao` is
+// Estoque::Entrada or Saida to force a direction; a blank takes it from the note's type. The
+// product's kind is recorded with it.
+int CompraEstMovInsNovo(TConexaoSQL &conexao, const TNotaEstMov &nota, int prodCod, double qtd, Money custo,
+                        Money custoTot, Money preco, Money desconto, QChar direcao, const QString &cfop,
+                        const TEstMovTrib &trib);
 
 // Fills the host's own tax columns of a movement (treatment, origin, bases, rates, values, the
 // product's tax situation) from the NF-e group it was written with; `vICMS` is its own ICMS.

@@ -13,12 +13,12 @@
 
 // A new cost of a product in company `emprCod`: a row of the history prod_custo (with the note
 // and the movement that created it), and the current cost, both the general one (fornec_cod 0
-// or empty) and, when `fornecCod` is above 0, that supplier's own.
+// or empty) and, when `fornecCod` is above 0, that supplier's own; all in one statement.
 void ProdInserirCusto(int emprCod, int prodCod, Money custo, int fornecCod, int compraCod, int estMovCod);
 
 // A new sale price of a product in price table `tabPrecoCod` of company `emprCod`, valid from
-// `dt`: a row of the history prod_preco, and the current price. `enviado` is the history row's
-// flag for the points of sale ('N': still to be passed on).
+// `dt`: a row of the history prod_preco, and the current price, in one statement. `enviado` is
+// the history row's flag for the points of sale ('N': still to be passed on).
 void ProdInserirPreco(int emprCod, int tabPrecoCod, int prodCod, Money preco, Money precoPromo, const QDate &dt,
                       QChar enviado);
 

@@ -99,9 +99,18 @@ bool TAcoesNota::DesbaixarActExecute(const std::optional<TNotaLinha> &linha, TDa
     if (!PodeAgirSobreNota(cabecState, itemState, linha, rastro))
         return false;
     const TNotaLinha &nota = *linha;
+    // A note whose posting was interrupted is not marked posted but has movements to take back.
     if (!nota.baixado) {
-        MensagemErro(QStringLiteral("A nota não foi baixada. Não precisa ser desbaixada"));
-        return false;
+        const int ligados = TBaixaNota::MovimentosLigados(m_conexao, nota.chave);
+        if (ligados < 0) {
+            MensagemErro(QStringLiteral("Não foi possível ler os movimentos de estoque da nota %1.\n%2")
+                             .arg(nota.chave.DocStr(), m_conexao.UltimoErro()));
+            return false;
+        }
+        if (ligados == 0) {
+            MensagemErro(QStringLiteral("A nota não foi baixada. Não precisa ser desbaixada"));
+            return false;
+        }
     }
     if (nota.cancelado) {
         MensagemInfo(QStringLiteral("Esta nota já foi cancelada. Não pode ser desbaixada"));

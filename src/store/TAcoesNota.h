@@ -31,7 +31,8 @@ public:
     bool BaixouNota(const std::optional<TNotaLinha> &nota, bool silencioso);
     // Marks the note cancelled after the standard delete confirmation; once only.
     bool CancelarNota(const std::optional<TNotaLinha> &nota);
-    // Takes a posted note back out of stock, after asking. Both states must be browse.
+    // Takes a posted note back out of stock, after asking; also a note whose posting was
+    // interrupted (not marked posted, with linked movements). Both states must be browse.
     bool DesbaixarActExecute(const std::optional<TNotaLinha> &nota, TDataSetState cabecState,
                              TDataSetState itemState);
     // Enters a posted note in its destination company's stock. Both states must be browse.

@@ -137,20 +137,32 @@ QString TBaixaNota::SqlConfigBaixa()
     return QLatin1String("select valor from config where chave=") + QuotedStr(QStringLiteral("REP_PRODUC_CUSTO_CRIA"));
 }
 
-int TBaixaNota::GetEstMovCod(TConexaoSQL &conexao, const TNotaLinha &nota, const TItemBaixa &item, double qtd,
+int TBaixaNota::GetEstMovCod(TConexaoSQL &conexao, const TNotaEstMov &nota, const TItemBaixa &item, double qtd,
                              Money custo, Money preco)
 {
-    return CompraEstMovInsNovo(conexao, nota.chave.emprCod, TConexD::EstacaoCod(), nota.chave.compraCod, item.prodCod, qtd, custo,
-                               item.custoTot, preco, item.desconto, QLatin1Char(' '), item.cfop, item.trib);
+    return CompraEstMovInsNovo(conexao, nota, item.prodCod, qtd, custo, item.custoTot, preco, item.desconto,
+                               QLatin1Char(' '), item.cfop, item.trib);
+}
+
+const QString TBaixaNota::AvisoBaixaInterrompida = QStringLiteral(
+    "A baixa da nota foi interrompida e parte dos itens já foi lançada no estoque. Use Desbaixar para desfazer a "
+    "parte lançada e depois baixe a nota de novo.");
+
+int TBaixaNota::MovimentosLigados(TConexaoSQL &conexao, const TChaveNota &chave)
+{
+    return conexao.ValorInt(QLatin1String("select count(*) from compra_est_mov where empr_cod=") + Int(chave.emprCod)
+                                + QLatin1String(" and estacao_cod=") + Int(chave.estacaoCod)
+                                + QLatin1String(" and compra_cod=") + Int(chave.compraCod),
+                            -1);
 }
 
 namespace {
 
 // The items in order: each one's movement, inputs, texts, taxes, and the costs and prices the
 // type asks for. `custeados` collects the products whose cost was created; `onde` says which
-// item is being handled, for the message of a failure.
+// item is being handled and `lancados` counts the movements written, for the message of a failure.
 void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool somarIPI, bool criaCustos,
-                 QStringList &custeados, TRastroBaixa &rastro, QString &onde)
+                 QStringList &custeados, TRastroBaixa &rastro, QString &onde, int &lancados)
 {
     // Held for the whole loop, so that the routines' own Conectar/Desconectar pairs cost nothing.
     TConexaoSQL &host = TConexD::Conexao();
@@ -160,6 +172,8 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
     const auto soltarHost = qScopeGuard([&host] { host.Desconectar(); });
 
     const TColunasItem colunas(itens);
+    const TNotaEstMov notaMov{nota.chave.emprCod, nota.chave.estacaoCod, nota.chave.compraCod, nota.tipoCod};
+    const auto composicoes = TEstMovCompo_DBI::CarregarDaNota(conexao, nota.chave);
     int contador = 1;
     for (itens.First(); !itens.Eof(); itens.Next(), ++contador) {
         if (contador % PassoProgresso == 0)
@@ -173,8 +187,9 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
             TBaixaNota::CustoDoItem(item.custoTot, item.trib.outras, item.desconto, qtd, item.trib.vIPI, somarIPI);
         const Money preco = precos->IsEmpty() ? Money() : precos->Fields(1).AsMoney();
 
-        const int estMovCod = TBaixaNota::GetEstMovCod(conexao, nota, item, qtd, custo, preco);
-        TEstMovCompo_DBI::Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd, conexao);
+        const int estMovCod = TBaixaNota::GetEstMovCod(conexao, notaMov, item, qtd, custo, preco);
+        ++lancados;
+        TEstMovCompo_DBI::Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd, conexao, composicoes);
         ExecOuErro(conexao,
                    QLatin1String("update est_mov set info_adic=") + QuotedStr(item.infoAdic)
                        + QLatin1String(" where empr_cod=") + Int(nota.chave.emprCod)
@@ -220,6 +235,16 @@ bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
         MensagemErro(QStringLiteral("Erro acessando os itens. Processo interrompido."));
         return false;
     }
+    // Posting again over movements already written would count them twice.
+    const int ligados = MovimentosLigados(m_conexao, nota.chave);
+    if (ligados != 0) {
+        m_conexao.Desconectar();
+        MensagemErro(ligados > 0 ? AvisoBaixaInterrompida
+                                 : QStringLiteral("Não foi possível ler os movimentos de estoque da nota %1. A nota "
+                                                  "não foi baixada.\n%2")
+                                       .arg(nota.chave.DocStr(), m_conexao.UltimoErro()));
+        return false;
+    }
     const int qtdItens = m_conexao.ValorInt(SQLContaItensABaixar(nota));
     rastro(QStringLiteral("vai ler das configuracoes"));
     bool producCriaCustos = false;
@@ -243,16 +268,18 @@ bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
     TProgresso::Janela().Exibir(QStringLiteral("Entrada de estoque de produtos"), qtdItens);
     const auto fecharProgresso = qScopeGuard([] { TProgresso::Janela().Fechar(); });
 
-    // Where a failure stopped the posting, for its message.
+    // Where a failure stopped the posting, for its message: once a movement is written, the
+    // way back is unposting.
     QString onde = QStringLiteral("antes do primeiro item");
+    int lancados = 0;
     const auto falhou = [&](const QString &causa) {
-        MensagemErro(QStringLiteral("A baixa da nota %1 parou %2.\n%3\nA nota continua não baixada; os movimentos "
-                                    "de estoque dos itens anteriores foram mantidos.")
-                         .arg(nota.chave.DocStr(), onde, causa));
+        const QString parou = QStringLiteral("A baixa da nota %1 parou %2.\n%3").arg(nota.chave.DocStr(), onde, causa);
+        MensagemErro(lancados > 0 ? AvisoBaixaInterrompida + QLatin1Char('\n') + parou
+                                  : parou + QStringLiteral("\nNada foi lançado no estoque; a nota continua não baixada."));
         return false;
     };
     try {
-        BaixarItens(m_conexao, nota, *itens, somarIPI, criaCustos, custeados, rastro, onde);
+        BaixarItens(m_conexao, nota, *itens, somarIPI, criaCustos, custeados, rastro, onde, lancados);
         onde = QStringLiteral("ao enviar os custos alterados");
         if (criaCustos)
             CustoEnviarSL(custeados, m_conexao.GetDatabase(), SessaoHost());
@@ -265,10 +292,8 @@ bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
     if (!TConexD::Executar(QLatin1String("update compra set baixado='S' where empr_cod=") + Int(nota.chave.emprCod)
                            + QLatin1String(" and compra_cod=") + Int(nota.chave.compraCod)
                            + QLatin1String(" and estacao_cod=") + Int(nota.chave.estacaoCod))) {
-        MensagemErro(QStringLiteral("Os movimentos de estoque da nota %1 foram gravados, mas não foi possível "
-                                    "marcá-la como baixada.\n%2")
-                         .arg(nota.chave.DocStr(), TConexD::Conexao().UltimoErro()));
-        return false;
+        onde = QStringLiteral("ao marcá-la como baixada");
+        return falhou(TConexD::Conexao().UltimoErro());
     }
     return true;
 }

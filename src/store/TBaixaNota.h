@@ -30,10 +30,12 @@ public:
     // `conexao`: the module's connection; costs, prices and the final mark go through the host's.
     explicit TBaixaNota(TConexaoSQL &conexao) : m_conexao(conexao) {}
 
-    // Posts the note and marks it posted. Whether the note is already posted is the caller's check. `somarIPI` is the screen's REP_IPI_SOMAR flag.
-    // No transaction: when a statement fails part-way the movements of the items already handled
-    // stay and the note stays unposted; the failure is shown once, naming what failed, and false
-    // comes back.
+    // Posts the note and marks it posted. Whether the note is already posted is the caller's
+    // check; a note that already has linked movements is refused with the interrupted-posting
+    // advice. `somarIPI` is the screen's REP_IPI_SOMAR flag. No transaction: when a statement
+    // fails part-way the movements of the items already handled stay and the note stays
+    // unposted; the failure is shown once, naming what failed and how to take it back, and
+    // false comes back.
     bool BaixarNota(const TNotaLinha &nota, bool somarIPI);
 
     // round3(round3(emb_qtd) x round3(qtd_embs))
@@ -52,8 +54,14 @@ public:
     static QString SqlConfigBaixa();
 
     // The item's movement through the host's stock routine; the new est_mov_cod.
-    static int GetEstMovCod(TConexaoSQL &conexao, const TNotaLinha &nota, const TItemBaixa &item, double qtd,
+    static int GetEstMovCod(TConexaoSQL &conexao, const TNotaEstMov &nota, const TItemBaixa &item, double qtd,
                             Money custo, Money preco);
+
+    // How many movements are linked to the note in compra_est_mov; -1 when they cannot be
+    // counted. A note not marked posted that has some was interrupted part-way.
+    static int MovimentosLigados(TConexaoSQL &conexao, const TChaveNota &chave);
+    // The advice for a note whose posting stopped after some of its movements were written.
+    static const QString AvisoBaixaInterrompida;
 
 private:
     TConexaoSQL &m_conexao;

@@ -1,3 +1,4 @@
+#include "ErroBanco.h"
 #include "NotasTeste.h"
 #include "UEstoque.h"
 #include "UProduto.h"
@@ -16,12 +17,13 @@ protected:
     }
 
     // At cost 4 each (20 in all), price 6, CFOP 1102, ICMS CST 20 of 12 and IPI of 2.5.
-    int Movimento(int compra, int prod, double qtd, int estacao = 1)
+    int Movimento(int compra, int prod, double qtd, int tipo = 34, int estacao = 1)
     {
         TEstMovTrib trib;
         trib.icmsCst = 20; trib.vICMS = Money::fromInt(12); trib.vIPI = Money::fromRaw(25000);
-        return CompraEstMovInsNovo(db.conexao(), 1, estacao, compra, prod, qtd, Money::fromInt(4), Money::fromInt(20),
-                                   Money::fromInt(6), Money(), QLatin1Char(' '), QStringLiteral("1102"), trib);
+        return CompraEstMovInsNovo(db.conexao(), {1, estacao, compra, tipo}, prod, qtd, Money::fromInt(4),
+                                   Money::fromInt(20), Money::fromInt(6), Money(), QLatin1Char(' '),
+                                   QStringLiteral("1102"), trib);
     }
 
     QString Valor(const QString &sql) { return db.valor(sql); }
@@ -39,9 +41,8 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
     };
     for (const auto &c : casos) {
         SCOPED_TRACE(c.tipo);
-        Nota({.compra = c.tipo, .tipo = c.tipo, .itens = {}});
         const int prod = 100 + c.tipo;   // one product per case, so each balance stands alone
-        const int mov = Movimento(c.tipo, prod, 5);
+        const int mov = Movimento(c.tipo, prod, 5, c.tipo);
         EXPECT_EQ(Valor(QStringLiteral("select tipo || ' ' || qtd || ' ' || estacao_cod || ' ' || custo || ' ' || "
                                        "custo_tot || ' ' || preco_unit || ' ' || cfop || ' ' || vipi || ' ' || cancelado "
                                        "from est_mov where est_mov_cod=%1").arg(mov)),
@@ -50,15 +51,26 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
         EXPECT_EQ(Saldo(db, 1, prod), QLatin1String(c.saldo));
     }
 
-    // Two workstations created notes with the same code: the posting station picks its own.
-    Nota({.estacao = 3, .compra = 50, .tipo = 34, .itens = {}});
-    Nota({.estacao = 4, .compra = 50, .tipo = 35, .itens = {}});
+    // The link carries the note's own station; the composed product's kind goes with the movement.
     const QString sql = QStringLiteral("select m.tipo || ' ' || l.estacao_cod || ' ' || l.est_mov_estacao_cod || ' ' "
                                        "|| coalesce(m.prod_tipo_cod, '-') from est_mov m join compra_est_mov l on "
                                        "l.est_mov_cod=m.est_mov_cod where m.est_mov_cod=%1");
-    EXPECT_EQ(Valor(sql.arg(Movimento(50, 1, 2, 4))), QLatin1String("S 4 10 -"));
-    // The composed product's kind goes with its movement.
-    EXPECT_EQ(Valor(sql.arg(Movimento(50, 3, 1, 3))), QLatin1String("E 3 10 %"));
+    EXPECT_EQ(Valor(sql.arg(Movimento(50, 1, 2, 35, 4))), QLatin1String("S 4 10 -"));
+    EXPECT_EQ(Valor(sql.arg(Movimento(50, 3, 1, 34, 3))), QLatin1String("E 3 10 %"));
+
+    // A link that cannot be written takes its movement with it.
+    ASSERT_EQ(db.exec(QStringLiteral("create exception e_teste 'ligacao bloqueada'")), QString());
+    ASSERT_EQ(db.exec(QStringLiteral("create trigger compra_est_mov_teste for compra_est_mov before insert as "
+                                     "begin exception e_teste; end")), QString());
+    const QString movimentos = Valor(QStringLiteral("select count(*) from est_mov"));
+    EXPECT_THROW(Movimento(50, 2, 1), EErroBanco);
+    EXPECT_EQ(Valor(QStringLiteral("select count(*) from est_mov")), movimentos);
+    ASSERT_EQ(db.exec(QStringLiteral("drop trigger compra_est_mov_teste")), QString());
+    // Likewise a price history row without the current price it sets.
+    ASSERT_EQ(db.exec(QStringLiteral("create trigger preco_teste for prod_preco_atual before update as "
+                                     "begin exception e_teste; end")), QString());
+    EXPECT_THROW(ProdInserirPreco(1, 1, 2, Money::fromInt(7), Money(), QDate(2026, 11, 20), QLatin1Char('N')), EErroBanco);
+    EXPECT_EQ(Valor(QStringLiteral("select count(*) from prod_preco")), QLatin1String("0"));
 
     ProdInserirCusto(1, 1, Money::fromRaw(125000), 2, 7, 70);
     ProdInserirCusto(1, 1, Money::fromInt(13), 2, 8, 80);
@@ -76,7 +88,7 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
     for (const char *tabela : {"est_mov_compo", "compra_est_mov", "est_mov"})
         ASSERT_EQ(db.exec(QStringLiteral("delete from ") + QLatin1String(tabela)), QString());
     Nota({.compra = 5, .tipo = 36, .destin = 2, .baixado = true, .itens = {}});
-    const int mov = Movimento(5, 3, 4);
+    const int mov = Movimento(5, 3, 4, 36);
     ASSERT_EQ(db.exec(QStringLiteral("insert into est_mov_compo (empr_cod, est_mov_cod, est_mov_compo_cod, prod_cod_filho, qtd) "
                                      "values (2, %1, 1, 1, 8)").arg(mov)), QString());
     ASSERT_EQ(Saldo(db, 1, 3), QLatin1String("-4"));
