@@ -55,6 +55,8 @@ QStringList Dados()
             "        values (1, 10, :n * 100000 + :i, 2, 9.5);\n"
             "      i = i + 1;\n"
             "    end\n"
+            "    update compra set tot_prods = (select sum(custo_tot) from compra_item_tmp where compra_cod = :n),\n"
+            "      tot = (select sum(custo_tot) from compra_item_tmp where compra_cod = :n) where compra_cod = :n;\n"
             "    n = n + 1;\n"
             "  end\n"
             "end")
