@@ -25,6 +25,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QCursor>
 #include <QDateEdit>
 #include <QFrame>
 #include <QKeyEvent>
@@ -441,9 +442,18 @@ bool TRepF::eventFilter(QObject *watched, QEvent *event)
                         || event->type() == QEvent::HoverMove;
     if (passou && watched == m_tarefasButton)
         ExibirMenu();
-    else if (passou && m_menuPanel && m_menuPanel->isVisible()
+    else if (passou && m_menuPanel && m_menuPanel->isVisible() && !ponteiroNoMenu()
              && (watched == m_toolBar || watched == m_painelCentral
                  || (m_notasGrid && watched == m_notasGrid->viewport())))
         EsconderMenu();
     return TChildMDIBasF::eventFilter(watched, event);
+}
+
+// The tool bar also hears the moves over its own buttons, Tarefas among them, and the menu
+// hangs over the list: only a pointer away from both has left the menu.
+bool TRepF::ponteiroNoMenu() const
+{
+    const QPoint ponteiro = QCursor::pos();
+    return m_tarefasButton->rect().contains(m_tarefasButton->mapFromGlobal(ponteiro))
+           || m_menuPanel->rect().contains(m_menuPanel->mapFromGlobal(ponteiro));
 }

@@ -135,6 +135,7 @@ private:
     void CriarItemNota();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
+    bool ponteiroNoMenu() const;
 
     bool m_producCustoExige = true;
     bool m_ipiSomar = true;
