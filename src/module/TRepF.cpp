@@ -183,7 +183,7 @@ void TRepF::ShowTimerTimer()
     const int altura = splitter->height();
     splitter->setSizes({altura * 11 / 20, altura - altura * 11 / 20});
     TProgresso::Janela().Fechar();
-    setProperty("listaCarregada", true);
+    m_listaCarregada = true;
     Q_EMIT ListaCarregada();
 }
 
@@ -217,6 +217,13 @@ void TRepF::CarregarItensDaNota()
         m_repD->CarregarItens(nota->chave, m_andamento.get());
     m_andamento->Fechar();
     AtualizarTotais();
+    Q_EMIT ItensCarregados();
+}
+
+bool TRepF::ItensDaNotaAtualNaTela() const
+{
+    const std::optional<TNotaLinha> nota = m_repD->NotaAtual();
+    return m_itensDe == (nota ? nota->chave.DocStr() : QString());
 }
 
 void TRepF::AtualizarTotais()
