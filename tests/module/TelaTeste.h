@@ -55,11 +55,7 @@ protected:
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
         Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
     }
-    void TearDown() override
-    {
-        Contexto::Atual().estacao = 1;
-        Contexto::Atual().empresa = 1;
-    }
+    void TearDown() override { Contexto::Atual().estacao = 1; Contexto::Atual().empresa = 1; }
     // Names the part of a long screen story that a failure belongs to, in place of the last one.
     void secao(const char *nome) { m_secao.emplace(__FILE__, __LINE__, nome); }
     void sql(const QString &script) { ASSERT_EQ(db.execScript(script), QString()); }
