@@ -31,6 +31,8 @@ inline std::unique_ptr<TRepF> AbrirTela()
     tela->resize(1366, 768);
     tela->show();
     EXPECT_TRUE(carregou.wait(5000)) << "the note list never loaded";
+    // What a host that loads the module by name waits on before it takes a picture.
+    EXPECT_TRUE(tela->property("listaCarregada").toBool() && tela->property("itensCarregados").toBool());
     // The progress window took the activation while the list loaded.
     QApplication::setActiveWindow(tela.get());
     return tela;
