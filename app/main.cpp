@@ -105,16 +105,21 @@ int fotografar(QWidget &janela, QObject *tela, const QString &arquivo)
             erro(QStringLiteral("não foi possível gravar %1").arg(arquivo));
         QCoreApplication::quit();
     };
-    // The picture is taken once the screen says its note list is loaded.
-    auto *espera = new QTimer(&janela);
-    espera->setInterval(50);
-    QObject::connect(espera, &QTimer::timeout, &janela, [&, espera] {
-        if (tela->property("listaCarregada").toBool()) {
-            espera->stop();
+    // The screen says when its note list and the current note's items are on it. Either signal
+    // starts a zero timer, so both are checked after the events those loads posted (layout,
+    // painting) have run.
+    auto *conferir = new QTimer(&janela);
+    conferir->setSingleShot(true);
+    conferir->setInterval(0);
+    QObject::connect(conferir, &QTimer::timeout, &janela, [&] {
+        if (tela->property("listaCarregada").toBool() && tela->property("itensCarregados").toBool())
             tirar();
-        }
     });
-    espera->start();
+    if (!QObject::connect(tela, SIGNAL(ListaCarregada()), conferir, SLOT(start()))
+        || !QObject::connect(tela, SIGNAL(ItensCarregados()), conferir, SLOT(start()))) {
+        erro(QStringLiteral("a tela não avisa quando está pronta"));
+        return 1;
+    }
     QTimer::singleShot(60000, &janela, [&] {
         erro(QStringLiteral("a lista de notas não carregou a tempo"));
         QCoreApplication::quit();

@@ -68,11 +68,24 @@ bool TChildMDIBasF::FormKeyPress(QKeyEvent *event)
     return true;
 }
 
+// A key the receiving field leaves unused climbs through its parents, each of them watched too;
+// the screen takes each key once, where it first arrives. A key always arrives first at the focused
+// field, so a key seen there is a new one even when it reuses the address of the last.
+bool TChildMDIBasF::teclaNova(QObject *watched, QEvent *event)
+{
+    if (event == m_teclaVista && watched != QApplication::focusWidget())
+        return false;
+    m_teclaVista = event;
+    return true;
+}
+
 bool TChildMDIBasF::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::ChildAdded)
         observar(static_cast<QChildEvent *>(event)->child());
-    if (event->type() == QEvent::KeyPress && FormKeyPress(static_cast<QKeyEvent *>(event)))
+    if (event->type() == QEvent::KeyRelease)
+        m_teclaVista = nullptr;
+    if (event->type() == QEvent::KeyPress && teclaNova(watched, event) && FormKeyPress(static_cast<QKeyEvent *>(event)))
         return true;
     return QWidget::eventFilter(watched, event);
 }

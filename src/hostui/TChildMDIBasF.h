@@ -27,7 +27,9 @@ protected:
 
 private:
     void observar(QObject *objeto);
+    bool teclaNova(QObject *watched, QEvent *event);
 
     QTimer *m_showTimer;
     bool m_showTimerDisparado = false;
+    const QEvent *m_teclaVista = nullptr;   // compared, never read: the key press last taken
 };

@@ -25,6 +25,7 @@
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
+#include <QCursor>
 #include <QDateEdit>
 #include <QFrame>
 #include <QKeyEvent>
@@ -182,7 +183,7 @@ void TRepF::ShowTimerTimer()
     const int altura = splitter->height();
     splitter->setSizes({altura * 11 / 20, altura - altura * 11 / 20});
     TProgresso::Janela().Fechar();
-    setProperty("listaCarregada", true);
+    m_listaCarregada = true;
     Q_EMIT ListaCarregada();
 }
 
@@ -216,6 +217,13 @@ void TRepF::CarregarItensDaNota()
         m_repD->CarregarItens(nota->chave, m_andamento.get());
     m_andamento->Fechar();
     AtualizarTotais();
+    Q_EMIT ItensCarregados();
+}
+
+bool TRepF::ItensDaNotaAtualNaTela() const
+{
+    const std::optional<TNotaLinha> nota = m_repD->NotaAtual();
+    return m_itensDe == (nota ? nota->chave.DocStr() : QString());
 }
 
 void TRepF::AtualizarTotais()
@@ -441,9 +449,18 @@ bool TRepF::eventFilter(QObject *watched, QEvent *event)
                         || event->type() == QEvent::HoverMove;
     if (passou && watched == m_tarefasButton)
         ExibirMenu();
-    else if (passou && m_menuPanel && m_menuPanel->isVisible()
+    else if (passou && m_menuPanel && m_menuPanel->isVisible() && !ponteiroNoMenu()
              && (watched == m_toolBar || watched == m_painelCentral
                  || (m_notasGrid && watched == m_notasGrid->viewport())))
         EsconderMenu();
     return TChildMDIBasF::eventFilter(watched, event);
+}
+
+// The tool bar also hears the moves over its own buttons, Tarefas among them, and the menu
+// hangs over the list: only a pointer away from both has left the menu.
+bool TRepF::ponteiroNoMenu() const
+{
+    const QPoint ponteiro = QCursor::pos();
+    return m_tarefasButton->rect().contains(m_tarefasButton->mapFromGlobal(ponteiro))
+           || m_menuPanel->rect().contains(m_menuPanel->mapFromGlobal(ponteiro));
 }

@@ -36,6 +36,9 @@ class TTotaisBar;
 class TRepF final : public TChildMDIBasF, public TItemNotaTela
 {
     Q_OBJECT
+    // For hosts that load the module at run time and wait for the screen to be ready.
+    Q_PROPERTY(bool listaCarregada READ ListaFoiCarregada NOTIFY ListaCarregada)
+    Q_PROPERTY(bool itensCarregados READ ItensDaNotaAtualNaTela NOTIFY ItensCarregados)
 public:
     explicit TRepF(QWidget *parent = nullptr);
     ~TRepF() override;
@@ -75,6 +78,9 @@ public:
     void AtualizarTotais();
     // The items of the current note of the list, unless they are already on the screen.
     void CarregarItensDaNota();
+    bool ListaFoiCarregada() const { return m_listaCarregada; }
+    // The items on the screen are those of the list's current note (none when the list is empty).
+    bool ItensDaNotaAtualNaTela() const;
 
     void ExibirMenu();
     void EsconderMenu();
@@ -106,6 +112,8 @@ public:
 Q_SIGNALS:
     // The note list has been loaded for the first time (hosts that take pictures wait for it).
     void ListaCarregada();
+    // The items of the current note have been put on the screen.
+    void ItensCarregados();
 
 protected:
     void ShowTimerTimer() override;
@@ -135,6 +143,7 @@ private:
     void CriarItemNota();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
+    bool ponteiroNoMenu() const;
 
     bool m_producCustoExige = true;
     bool m_ipiSomar = true;
@@ -142,6 +151,7 @@ private:
     TDataSetState m_itemState = TDataSetState::Inactive;
     int m_tipoIndiceAnterior = 0;
     QString m_itensDe;          // key of the note whose items are on the screen
+    bool m_listaCarregada = false;
 
     TConexaoSQL m_conexao;
     TTabPrecoList m_tabPrecoList;

@@ -93,8 +93,7 @@ int TRepF::FornecCodSelecionado() const
 
 int TRepF::NotaEmprCod() const
 {
-    const QComboBox *empr = m_edNotaPanel->EmprComboBox();
-    return empr->currentIndex() >= 0 ? empr->currentData().toInt() : Contexto::Atual().empresa;
+    return m_cabec->EmprCod();
 }
 
 int TRepF::NotaEstacaoCod() const

@@ -274,6 +274,10 @@ void TRepF::PrepEmprComboBox()
         empr->addItem(texto, e.codigo);
         destino->addItem(texto, e.codigo);
     }
+    // The host's current company is the default of a new note, even when empr does not list it.
+    const int atual = Contexto::Atual().empresa;
+    if (atual > 0 && empr->findData(atual) < 0)
+        empr->addItem(FormatFloat(QStringLiteral("000"), double(atual)), atual);
 }
 
 void TRepF::PreencherFornec()

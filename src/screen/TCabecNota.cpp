@@ -318,7 +318,7 @@ TCompraCabecDBI TCabecNota::ControlesParaCamposNota() const
 {
     const TEdNotaPanel &p = *m_panel;
     TCompraCabecDBI n;
-    n.chave = {codigoSelecionado(p.EmprComboBox()), m_chave.estacaoCod, m_chave.compraCod};
+    n.chave = {EmprCod(), m_chave.estacaoCod, m_chave.compraCod};
     n.destinEmprCod = codigoSelecionado(p.DestinEmprComboBox());
     n.tipoCod = tipoCod();
     n.dtDoc = p.DtDocDtFr()->date();
@@ -366,9 +366,19 @@ TCompraCabecDBI TCabecNota::ControlesParaCamposNota() const
     return n;
 }
 
+int TCabecNota::EmprCod() const
+{
+    const int escolhida = codigoSelecionado(m_panel->EmprComboBox());
+    return escolhida > 0 ? escolhida : qMax(0, Contexto::Atual().empresa);
+}
+
 bool TCabecNota::NotaConfirmIns()
 {
     TCompraCabecDBI nota = ControlesParaCamposNota();
+    if (nota.chave.emprCod <= 0) {
+        MensagemErro(QStringLiteral("Nenhuma empresa cadastrada: a nota não pode ser gravada sem empresa."));
+        return false;
+    }
     nota.chave.estacaoCod = TConexD::EstacaoCod();
     nota.chave.compraCod = TCompraCabecDBI::ProximoCodigo(m_conexao);
     if (nota.chave.compraCod <= 0) {

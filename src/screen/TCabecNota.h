@@ -28,6 +28,8 @@ public:
     TCompraCabecDBI ControlesParaCamposNota() const;
     // The note being inserted or altered; zeros while none.
     const TChaveNota &Chave() const { return m_chave; }
+    // The company chosen in the combo, else the host's current one; 0 only when there is none.
+    int EmprCod() const;
     void CalcTotNota();
 
     // Each answers true when the field is acceptable, or when the panel is hidden or the focus

@@ -17,6 +17,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
+#include <QScopedValueRollback>
 #include <QTableView>
 #include <QToolButton>
 
@@ -49,8 +50,10 @@ void TItemNota::ligarCampos()
     // The first price table's edit and "Novo Preço" are the same price.
     if (!m_tela.PrecoEdits().isEmpty()) {
         TNumEditBR *primeiro = m_tela.PrecoEdits().first();
-        connect(p.PrecoNumEditBR(), &TNumEditBR::ValueChanged, this, [this, primeiro] { espelharPreco(primeiro); });
-        connect(primeiro, &TNumEditBR::ValueChanged, this, [this] { espelharPreco(m_panel.PrecoNumEditBR()); });
+        connect(p.PrecoNumEditBR(), &TNumEditBR::ValueChanged, this,
+                [this, primeiro] { espelharPreco(m_panel.PrecoNumEditBR(), primeiro); });
+        connect(primeiro, &TNumEditBR::ValueChanged, this,
+                [this, primeiro] { espelharPreco(primeiro, m_panel.PrecoNumEditBR()); });
     }
 
     connect(p.BuscaLabeledEdit(), &QLineEdit::textEdited, this,
@@ -71,9 +74,13 @@ void TItemNota::ligarCampos()
         combo->installEventFilter(this);
 }
 
-void TItemNota::espelharPreco(TNumEditBR *destino)
+// The edit that changed is the one source: the copy must not echo back and re-format "9," into
+// "9,00" while the price is still being typed.
+void TItemNota::espelharPreco(TNumEditBR *origem, TNumEditBR *destino)
 {
-    TNumEditBR *origem = destino == m_panel.PrecoNumEditBR() ? m_tela.PrecoEdits().first() : m_panel.PrecoNumEditBR();
+    if (m_espelhando)
+        return;
+    const QScopedValueRollback espelhando(m_espelhando, true);
     destino->SetMoney(origem->AsMoney());
 }
 

@@ -115,7 +115,7 @@ private:
     void CriaCombosGrade(int prodCod);
     void ControlesParaCamposNotaItem();
     void CamposParaControlesNotaItem();
-    void espelharPreco(TNumEditBR *destino);
+    void espelharPreco(TNumEditBR *origem, TNumEditBR *destino);
     void limpar();
 
     TItemNotaTela &m_tela;
@@ -127,6 +127,7 @@ private:
     bool m_carregando = false;  // the panel is being filled or cleared: field events do nothing
     bool m_checando = false;    // a check or the controller itself is moving the focus
     bool m_escape = false;
+    bool m_espelhando = false;  // one price edit is copying itself into the other
     QString m_ncmLido;          // the product's NCM as read, so an unchanged NCM is not written
     TBookmark m_itemEditado;
 };

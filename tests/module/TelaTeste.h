@@ -31,6 +31,8 @@ inline std::unique_ptr<TRepF> AbrirTela()
     tela->resize(1366, 768);
     tela->show();
     EXPECT_TRUE(carregou.wait(5000)) << "the note list never loaded";
+    // What a host that loads the module by name waits on before it takes a picture.
+    EXPECT_TRUE(tela->property("listaCarregada").toBool() && tela->property("itensCarregados").toBool());
     // The progress window took the activation while the list loaded.
     QApplication::setActiveWindow(tela.get());
     return tela;
@@ -55,7 +57,7 @@ protected:
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
         Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 22), QTime(10, 0)); });
     }
-    void TearDown() override { Contexto::Atual().estacao = 1; }
+    void TearDown() override { Contexto::Atual().estacao = 1; Contexto::Atual().empresa = 1; }
     // Names the part of a long screen story that a failure belongs to, in place of the last one.
     void secao(const char *nome) { m_secao.emplace(__FILE__, __LINE__, nome); }
     void sql(const QString &script) { ASSERT_EQ(db.execScript(script), QString()); }

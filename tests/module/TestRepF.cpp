@@ -79,12 +79,15 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     EXPECT_TRUE(saida.contains(QStringLiteral("001-0000001")));
     EXPECT_EQ(ComandosHeadless::Executar({QStringLiteral("notes"), QStringLiteral("--cancelled"), QStringLiteral("talvez")}, out, err), 2);
 
-    secao("the task menu shows over its button and hides over the list");
+    secao("the task menu opens under the pointer, stays open, and closes over the list");
     QWidget *menu = tela->findChild<QWidget *>(QStringLiteral("MenuPanel"));
-    QEvent entrar(QEvent::Enter);
-    QCoreApplication::sendEvent(tela->findChild<QWidget *>(QStringLiteral("TarefasButton")), &entrar);
+    QTest::mouseMove(tela->findChild<QWidget *>(QStringLiteral("TarefasButton")));
+    QCoreApplication::processEvents();
     EXPECT_TRUE(menu->isVisible());
-    QCoreApplication::sendEvent(lista->viewport(), &entrar);
+    const QPoint longeDoMenu(4, lista->viewport()->height() - 4);
+    ASSERT_FALSE(menu->geometry().contains(lista->viewport()->mapTo(menu->parentWidget(), longeDoMenu)));
+    QTest::mouseMove(lista->viewport(), longeDoMenu);
+    QCoreApplication::processEvents();
     EXPECT_FALSE(menu->isVisible());
 
     secao("enter moves the focus like tab");
@@ -125,12 +128,16 @@ TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
     }
     EXPECT_EQ(vistos, (QStringList{"6 NOTA COMPLEMENTAR", "0 ENTRADA"}));
 
-    secao("escape with the note panel open asks before cancelling");
-    dialogos.Responder(true);
-    QTest::keyClick(h->NDocNumEditBR(), Qt::Key_Escape);
-    ASSERT_EQ(dialogos.Perguntas().size(), 1);
+    secao("escape with the note panel open asks once, and cancels on yes only");
+    h->NDocNumEditBR()->setFocus();
+    ASSERT_EQ(Foco(), "NDocNumEditBR");
+    for (const bool sim : {false, true}) {
+        dialogos.Responder(sim);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_EQ(dialogos.Perguntas().size(), sim ? 2 : 1);
+        EXPECT_EQ(h->isVisible(), !sim);
+    }
     EXPECT_EQ(dialogos.Perguntas().first().texto, "Existem alterações ainda não gravadas. Deseja cancelar estas alterações?");
-    EXPECT_FALSE(h->isVisible());
     EXPECT_EQ(tela->CabecState(), TDataSetState::Browse);
     dialogos.Limpar();
 

@@ -92,6 +92,24 @@ TEST_F(RepFCabec, F3ThenATypedEntryIsSavedListedAlteredAndNotTypedTwice)
     EXPECT_EQ(notasNoBanco(), 1);
 }
 
+// A store whose empr lists no company: the host's company is the note's; with none at all the
+// note is refused and nothing is written.
+TEST_F(RepFCabec, WithoutCompaniesTheHostsCompanyOwnsTheNote)
+{
+    sql(QStringLiteral("delete from empr"));
+    for (const int empresa : {2, 0}) {
+        SCOPED_TRACE(empresa);
+        Contexto::Atual().empresa = empresa;
+        tela = AbrirTela();
+        p = tela->EdNotaPanel();
+        dialogos.Limpar();
+        digitarEntrada(empresa > 0 ? "4587" : "4590");
+        EXPECT_EQ(gravar(), empresa > 0);
+        EXPECT_EQ(db.valor(QStringLiteral("select list(empr_cod) from compra")), "2");
+        EXPECT_EQ(primeiraMensagem(), empresa > 0 ? "" : "Nenhuma empresa cadastrada: a nota não pode ser gravada sem empresa.");
+    }
+}
+
 struct Recusa
 {
     const char *nome;

@@ -36,6 +36,11 @@ TEST_F(ItemEntrada, WhatThePanelWorksOutAndAPurchaseStoredAsTyped)
     EXPECT_EQ(vistos, (QStringList{"0,43", "4,33", "43,33"}));
     EXPECT_EQ((QStringList{p->CustoNumEditBR()->text(), preco(1)->text(), preco(2)->text(), preco(3)->text(), p->CustoTotItemNumEditBR()->text()}),
               (QStringList{"33,3333", "43,33", "47,66", "41,17", "100"}));
+    // "Novo Preço" and the first table are one price: either one typed key by key keeps its cents.
+    for (TNumEditBR *digitado : {p->PrecoNumEditBR(), preco(1)}) {
+        Digitar(digitado, QStringLiteral("9,99"));
+        EXPECT_EQ(p->PrecoNumEditBR()->text() + ' ' + preco(1)->text(), "9,99 9,99") << digitado->objectName().toStdString();
+    }
 
     secao("escape abandons the item and keeps the note");
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);

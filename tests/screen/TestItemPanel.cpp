@@ -69,12 +69,6 @@ TEST_F(ItemPanel, TabWalksEveryTypedFieldLineByLineAndSkipsTheComputedOnes)
     EXPECT_EQ(campos, Campos);
     EXPECT_EQ(verifica::OrdemTab(&m_painel, caminho),
               (QStringList{"ProdutoLinha", "QuantidadesLinha", "ImpostosGroupBox", "PrecoVendaGroupBox"}));
-
-    QStringList botoes{m_painel.objectName()};
-    for (QAbstractButton *b : QList<QAbstractButton *>{m_painel.ProdButton(), m_painel.UnidButton(), m_painel.TribButton(), m_painel.ExcluirItemButton()})
-        botoes << b->objectName() + '=' + b->text();
-    EXPECT_EQ(botoes.join(' '), QStringLiteral("ItemPanel ProdButton=... UnidButton=... TribButton=... ExcluirItemButton=Excluir Item"));
-    EXPECT_TRUE(m_painel.ProdPanel()->isAncestorOf(m_painel.findChild<QTableView *>(QStringLiteral("ProdDBGrid"))));
 }
 
 TEST_F(ItemPanel, NCMProductListAndFitsItsPlaceAlsoWithPriceTablesAndGrades)
