@@ -1,3 +1,4 @@
+#include "TestDatabase.h"
 #include "Valores.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,8 @@ TEST_F(Valores, SqlLiteralsAndDateTexts)
         ROW(FloatToStrPonto(Money::fromDouble(1234.5)), "1234.5"),
         ROW(QuotedStr("''"), "''''''"), ROW(QuotedStr(""), "''"),
         ROW(QuotedStr("x'; delete from compra; --"), "'x''; delete from compra; --'"),
+        ROW(QuotedStr(QString("a") + QChar(0) + "b" + QChar(0)), "'ab'"),
+        ROW(QuotedStr("\t'\r\n\x1b[0m\x7f"), "'\t''\r\n\x1b[0m\x7f'"),
         ROW(StrToNumStrPonto("1.234,56"), "1234.56"), ROW(StrToNumStrPonto("12,50"), "12.5"),
         ROW(StrToNumStrPonto("3"), "3"), ROW(StrToNumStrPonto("-0,0"), "0"),
         ROW(StrToNumStrPonto("123456789012,3456789"), "123456789012.3456789"), ROW(StrToNumStrPonto(""), "0"),
@@ -122,6 +125,25 @@ TEST_F(Valores, FormatFloatWritesBrazilianSeparators)
         EXPECT_EQ(text(FormatFloat(row.pattern, row.value)), row.expected);
         // Every row holds at most 4 decimals, so the money form must print the same.
         EXPECT_EQ(text(FormatFloat(row.pattern, Money::fromDouble(row.value))), row.expected);
+    }
+}
+
+// Whatever a text holds, the statement that splices it is read whole and stores the text as it
+// was, less its NULs.
+TEST(QuotedStrNoBanco, GuardaCadaTextoInteiro)
+{
+    TestDatabase db(TestDatabase::Conteudo::SoEsquema);
+    ASSERT_TRUE(db.ok()) << db.erro().toStdString();
+    ASSERT_EQ(db.exec(QStringLiteral("create table textos (n integer, t blob sub_type text)")), QString());
+    QString longo;
+    while (longo.size() < 10240)
+        longo += QStringLiteral("ação d'água\t\r\n\x1b€ ");
+    const QString textos[] = {QString("a") + QChar(0) + "b'c" + QChar(0), "\tx\r\ny\n", "\x1b[2J\x7f\x01", "''", longo};
+    for (int n = 0; n < int(std::size(textos)); ++n) {
+        ASSERT_EQ(db.exec(QStringLiteral("insert into textos values (%1, ").arg(n) + QuotedStr(textos[n]) + u')'), QString()) << n;
+        QString guardado = textos[n];
+        guardado.remove(QChar(0));
+        EXPECT_EQ(db.valor(QStringLiteral("select t from textos where n=%1").arg(n)), guardado) << n;
     }
 }
 
