@@ -11,9 +11,9 @@
 
 // Overflow policy: a result beyond the int64 range is a programming error (no amount a store
 // handles comes near 9.2e14), so every operation saturates at the range's limits instead of
-// wrapping: the value keeps its sign and stays absurdly large, which makes the mistake visible,
-// and the money columns refuse it. Text outside the range is not a money value and parses to
-// nullopt; typed text is held to what the money columns take, so it is refused where it is typed.
+// wrapping: the value keeps its sign and stays absurdly large, which makes the mistake visible
+// (and CabeNaColuna false). Text outside the range is not a money value and parses to nullopt;
+// typed text is held to what the money columns take, so it is refused where it is typed.
 
 namespace {
 

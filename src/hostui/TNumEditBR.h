@@ -24,7 +24,7 @@ public:
 
     double Value() const;   // an empty edit reads 0
     // Rounded half to even to the set places. A value beyond the money columns shows the widest
-    // one they take, sign kept, as typing cannot go further either.
+    // one they take, sign kept, as typing cannot go further either; NaN shows 0.
     void SetValue(double value);
     Money AsMoney() const;
     void SetMoney(Money value);
