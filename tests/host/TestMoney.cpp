@@ -48,11 +48,9 @@ TEST(Money, DropsDigitsAndSaturates)
         {"MinMinusOne", Money::fromRaw(MinRaw) - Money::fromRaw(1), "-922337203685477.5808"},
         {"MinusMin", -Money::fromRaw(MinRaw), "922337203685477.5807"}, {"AbsMin", Money::fromRaw(MinRaw).abs(), "922337203685477.5807"},
         {"MinTimesMinusOne", Money::fromRaw(MinRaw) * -1, "922337203685477.5807"},
-        {"TimesIntNegative", Money::fromInt(-900000000000) * 2000, "-922337203685477.5808"},
         {"FromIntOverflow", Money::fromInt(MaxRaw / 1000), "922337203685477.5807"},
         {"PlusEqualsAtMax", [] { Money v = Money::fromRaw(MaxRaw - 1); v += m("0.0002"); return v; }(), "922337203685477.5807"},
         {"MinusEqualsAtMin", [] { Money v = Money::fromRaw(MinRaw + 1); v -= m("0.0002"); return v; }(), "-922337203685477.5808"},
-        {"SumBackFromMin", Money::fromRaw(MinRaw) + Money::fromRaw(1), "-922337203685477.5807"},
     };
     for (const auto &row : rows)
         EXPECT_EQ(row.result.toString().toStdString(), row.expected) << row.name;

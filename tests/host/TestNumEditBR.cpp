@@ -9,7 +9,6 @@
 #include <QVBoxLayout>
 
 #include <cmath>
-#include <limits>
 
 namespace {
 
@@ -99,8 +98,6 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheRead
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(-123456800));
     edit->SetMoney(Money::fromRaw(Money::MaxColunaRaw));
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(Money::MaxColunaRaw - 99)) << "rounding up would leave the column";
-    edit->SetMoney(Money::fromRaw(std::numeric_limits<std::int64_t>::min()));
-    EXPECT_EQ(edit->text(), "-99999999999999,99");
     edit->SetValue(1.5); edit->SetDecimals(3);
     const QString threePlaces = edit->text();
     edit->SetDecimals(0);
