@@ -90,8 +90,8 @@ TEST_F(ComandosNota, NotesMostraUmaLinhaPorNotaERecusaDatasEArgumentosSemSentido
     EXPECT_TRUE(linhas[1].contains(QStringLiteral("\ta b  c [2Jd    e\t"))) << linhas[1].toStdString();
 
     // Refused with the reason and the usage line, nothing listed.
-    for (const char *linha : {"notes --from -2026-01-01", "notes --to 10000-01-01", "notes --from 31/02/2026",
-                              "notes 2026", "notes --all-dates extra", "notes --bogus", "notes --to"})
+    for (const char *linha : {"notes --from -2026-01-01", "notes --from 01/01/-2026", "notes --to 10000-01-01",
+                              "notes --to 31/02/2026", "notes 2026", "notes --all-dates extra", "notes --bogus", "notes --to"})
         EXPECT_TRUE(Rodou(linha).startsWith("2|pavrel notes: ") && erros.endsWith("\nuso: pavrel notes [--from DATA] [--to DATA] "
                     "[--all-dates] [--supplier N] [--cancelled todas|nao|sim] [--ndoc N] [--origin todas|manual|xml]\n"))
             << linha << ": " << erros.toStdString();
