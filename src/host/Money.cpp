@@ -10,9 +10,10 @@
 #include <string_view>
 
 // Overflow policy: a result beyond the int64 range is a programming error (no amount a store
-// handles comes near 9.2e14), so rounding operations saturate at the range's limits instead of
-// wrapping: the value keeps its sign and stays absurdly large, which makes the mistake visible.
-// Text outside the range is not a money value and parses to nullopt.
+// handles comes near 9.2e14), so every operation saturates at the range's limits instead of
+// wrapping: the value keeps its sign and stays absurdly large, which makes the mistake visible
+// (and CabeNaColuna false). Text outside the range is not a money value and parses to nullopt;
+// typed text is held to what the money columns take, so it is refused where it is typed.
 
 namespace {
 
@@ -195,7 +196,10 @@ std::optional<Money> Money::parseBR(QStringView text)
     const auto plain = NumeroBRParaPonto(text.toString());
     if (!plain)
         return std::nullopt;
-    return parse(*plain);
+    const auto value = parse(*plain);
+    if (!value || !value->CabeNaColuna())
+        return std::nullopt;
+    return value;
 }
 
 double Money::toDouble() const

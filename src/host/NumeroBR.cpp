@@ -1,5 +1,7 @@
 #include "NumeroBR.h"
 
+#include "Money.h"
+
 namespace {
 
 bool isDigit(QChar c) { return c >= u'0' && c <= u'9'; }
@@ -44,6 +46,8 @@ std::optional<QString> NumeroBRParaPonto(const QString &text)
 
     while (integer.startsWith(u'0'))
         integer.remove(0, 1);
+    if (integer.size() > Money::DigitosInteirosColuna)
+        return std::nullopt;
     while (fraction.endsWith(u'0'))
         fraction.chop(1);
     QString out = integer.isEmpty() ? QStringLiteral("0") : integer;

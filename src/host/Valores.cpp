@@ -374,6 +374,7 @@ QString StrToNumStrPonto(const QString &text)
 QString QuotedStr(const QString &text)
 {
     QString out = text;
+    out.remove(QChar(u'\0'));
     out.replace(u'\'', QStringLiteral("''"));
     return u'\'' + out + u'\'';
 }

@@ -24,7 +24,9 @@ QString StrToIntStr(const QString &text);
 // A number typed the Brazilian way ("1.234,56", "12,5", "3") as SQL text ("1234.56", "12.5", "3");
 // anything that is not a number gives "0".
 QString StrToNumStrPonto(const QString &text);
-// Enclosed in single quotes, every inner quote doubled: O'Neil -> 'O''Neil'.
+// Enclosed in single quotes, every inner quote doubled: O'Neil -> 'O''Neil'. A NUL character is
+// removed: the client API takes statements as C strings, so a NUL would end the statement there
+// and can never be stored anyway. Every other character (tab, line breaks, ESC, ...) is kept.
 QString QuotedStr(const QString &text);
 // Firebird literals: '2026-11-22' and '2026-11-22 14:05:09'; an invalid date gives NULL.
 QString DataSQLFirebird(const QDate &date);

@@ -9,12 +9,12 @@
 #include <QValidator>
 
 #include <algorithm>
+#include <cmath>
 #include <cstdint>
 
 namespace {
 
 constexpr int MaxDecimals = 4;
-constexpr int MaxIntegerDigits = 14;   // what the money type holds
 
 // Exactly `decimals` places, ',' for decimals, no grouping: 1234.5 -> "1234,50".
 QString FormatFixed(Money value, int decimals)
@@ -28,6 +28,17 @@ QString FormatFixed(Money value, int decimals)
     }
     return raw < 0 ? QLatin1Char('-') + text : text;
 }
+
+// The widest value the money columns take at `decimals` places.
+Money LimiteColuna(int decimals, bool negative)
+{
+    const Money limite = Money::fromRaw(Money::MaxColunaRaw).truncTo(decimals);
+    return negative ? -limite : limite;
+}
+
+// Whole numbers from here on have more digits than the money columns take.
+constexpr double AlemDaColuna = 1e14;
+static_assert(Money::DigitosInteirosColuna == 14);
 
 } // namespace
 
@@ -53,7 +64,7 @@ public:
         const QString integerPart = input.section(QLatin1Char(','), 0, 0);
         const auto digits = std::count_if(integerPart.begin(), integerPart.end(),
                                           [](QChar c) { return c.isDigit(); });
-        return digits <= MaxIntegerDigits ? Acceptable : Invalid;
+        return digits <= Money::DigitosInteirosColuna ? Acceptable : Invalid;
     }
 
 private:
@@ -120,14 +131,21 @@ Money TNumEditBR::AsMoney() const
 
 void TNumEditBR::SetValue(double value)
 {
-    const double rounded = RoundTo(value, m_decimals);
+    const double rounded = RoundTo(std::isnan(value) ? 0.0 : value, m_decimals);
+    if (!(std::fabs(rounded) < AlemDaColuna)) {
+        SetMoney(LimiteColuna(m_decimals, rounded < 0));
+        return;
+    }
     QString shown = QString::number(rounded == 0.0 ? 0.0 : rounded, 'f', m_decimals);
     ShowText(shown.replace(QLatin1Char('.'), QLatin1Char(',')));
 }
 
 void TNumEditBR::SetMoney(Money value)
 {
-    ShowText(FormatFixed(value, m_decimals));
+    Money shown = value.roundTo(m_decimals);
+    if (!shown.CabeNaColuna())
+        shown = LimiteColuna(m_decimals, shown < Money());
+    ShowText(FormatFixed(shown, m_decimals));
 }
 
 // Leaves an unchanged text alone, so that the cursor and undo history survive re-formatting.

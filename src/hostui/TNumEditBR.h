@@ -8,7 +8,8 @@ class Money;
 // quantities 3, whole numbers 0). Anything that is not part of a number is refused as typed; the
 // text is re-written with exactly the set places when the edit loses focus or on Enter.
 // No thousands grouping is shown, so every edit of the shown text stays a valid number; pasted
-// text may group thousands with '.' ("1.234,56").
+// text may group thousands with '.' ("1.234,56"). At most 14 whole digits can be typed or
+// pasted: what the money columns (NUMERIC(18,4)) hold.
 class TNumEditBR final : public QLineEdit
 {
     Q_OBJECT
@@ -22,7 +23,9 @@ public:
     void SetAcceptNegative(bool accept);
 
     double Value() const;   // an empty edit reads 0
-    void SetValue(double value);   // rounded half to even to the set places
+    // Rounded half to even to the set places. A value beyond the money columns shows the widest
+    // one they take, sign kept, as typing cannot go further either; NaN shows 0.
+    void SetValue(double value);
     Money AsMoney() const;
     void SetMoney(Money value);
 

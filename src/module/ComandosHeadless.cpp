@@ -13,10 +13,13 @@
 #include <QScopeGuard>
 #include <QTextStream>
 
+#include <utility>
+
 namespace ComandosHeadless {
 
 namespace {
 
+// A document date the database can hold: years 1 to 9999.
 std::optional<QDate> lerData(const QString &texto)
 {
     for (const QString &formato : {QStringLiteral("dd/MM/yyyy"), QStringLiteral("yyyy-MM-dd"), QStringLiteral("dd/MM/yy")}) {
@@ -24,9 +27,31 @@ std::optional<QDate> lerData(const QString &texto)
         if (formato == QLatin1String("dd/MM/yy") && data.isValid())
             data = data.addYears(100);
         if (data.isValid())
-            return data;
+            return data.year() >= 1 && data.year() <= 9999 ? std::optional(data) : std::nullopt;
     }
     return std::nullopt;
+}
+
+// A refused command line: what was wrong, then how the command is used. Exit code 2.
+int recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
+{
+    if (!motivo.isEmpty())
+        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
+    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
+    return 2;
+}
+
+// One line of the listing: a tab between fields, so no field may hold a tab, a line break or any
+// other control character (an escape sequence would rewrite the terminal): each shows as a blank.
+QString campoDeLinha(QString texto)
+{
+    for (QChar &c : texto) {
+        const QChar::Category categoria = c.category();
+        if (categoria == QChar::Other_Control || categoria == QChar::Separator_Line
+            || categoria == QChar::Separator_Paragraph)
+            c = u' ';
+    }
+    return texto;
 }
 
 int indiceDe(const QString &valor, const QStringList &opcoes)
@@ -42,14 +67,14 @@ void imprimir(TClientDataSet &notas, QTextStream &saida)
     for (int i = 0; i < notas.FieldCount(); ++i) {
         if (notas.Fields(i).Visible()) {
             visiveis << i;
-            titulos << notas.Fields(i).DisplayLabel();
+            titulos << campoDeLinha(notas.Fields(i).DisplayLabel());
         }
     }
     saida << titulos.join(QLatin1Char('\t')) << '\n';
     for (int linha = 0; linha < notas.RecordCount(); ++linha) {
         QStringList valores;
         for (int campo : visiveis)
-            valores << notas.DisplayTextAt(linha, campo);
+            valores << campoDeLinha(notas.DisplayTextAt(linha, campo));
         saida << valores.join(QLatin1Char('\t')) << '\n';
     }
     saida.flush();
@@ -67,26 +92,21 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
         {QStringLiteral("ndoc"), QStringLiteral("document number"), QStringLiteral("N")},
         {QStringLiteral("origin"), QStringLiteral("todas|manual|xml"), QStringLiteral("WHICH")},
     });
-    if (!parser.parse(QStringList{QStringLiteral("notes")} + argumentos)) {
-        erros << "pavrel notes: " << parser.errorText() << Qt::endl;
-        return 2;
-    }
+    const char *uso = "[--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim] "
+                      "[--ndoc N] [--origin todas|manual|xml]";
+    const auto falha = [&erros, uso](const QString &texto) { return recusar(erros, QStringLiteral("notes"), texto, uso); };
+    if (!parser.parse(QStringList{QStringLiteral("notes")} + argumentos))
+        return falha(parser.errorText());
+    if (!parser.positionalArguments().isEmpty())
+        return falha(QStringLiteral("argumento inesperado: ") + parser.positionalArguments().first());
     TFiltroNotas filtro = TFiltroNotas::Inicial(Contexto::Atual().Hoje());
-    const auto falha = [&erros](const QString &texto) {
-        erros << "pavrel notes: " << texto << Qt::endl;
-        return 2;
-    };
-    if (parser.isSet(QStringLiteral("from"))) {
-        const auto data = lerData(parser.value(QStringLiteral("from")));
-        if (!data)
-            return falha(QStringLiteral("data inválida em --from: ") + parser.value(QStringLiteral("from")));
-        filtro.de = *data;
-    }
-    if (parser.isSet(QStringLiteral("to"))) {
-        const auto data = lerData(parser.value(QStringLiteral("to")));
-        if (!data)
-            return falha(QStringLiteral("data inválida em --to: ") + parser.value(QStringLiteral("to")));
-        filtro.ate = *data;
+    for (const auto &[opcao, data] : {std::pair{QStringLiteral("from"), &filtro.de}, std::pair{QStringLiteral("to"), &filtro.ate}}) {
+        if (!parser.isSet(opcao))
+            continue;
+        const auto lida = lerData(parser.value(opcao));
+        if (!lida)
+            return falha(QStringLiteral("data inválida em --") + opcao + QStringLiteral(": ") + parser.value(opcao));
+        *data = *lida;
     }
     filtro.considerarDatas = !parser.isSet(QStringLiteral("all-dates"));
     bool ok = true;
@@ -186,16 +206,13 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("yes"), QStringLiteral("answer yes to the questions")});
     parser.addPositionalArgument(QStringLiteral("note"), QStringLiteral("EEE-CCCCCCC, or E-S-C"));
-    if (!parser.parse(QStringList{comando} + argumentos)) {
-        erros << "pavrel " << comando << ": " << parser.errorText() << Qt::endl;
-        return 2;
-    }
+    const char *uso = "EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)";
+    if (!parser.parse(QStringList{comando} + argumentos))
+        return recusar(erros, comando, parser.errorText(), uso);
     const QStringList posicionais = parser.positionalArguments();
     const auto pedida = posicionais.size() == 1 ? lerNota(posicionais.first()) : std::nullopt;
-    if (!pedida) {
-        erros << "uso: pavrel " << comando << " EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)" << Qt::endl;
-        return 2;
-    }
+    if (!pedida)
+        return recusar(erros, comando, QString(), uso);
     const QString texto = posicionais.first().trimmed();
 
     TDialogos *anteriores = TDialogos::Definido();

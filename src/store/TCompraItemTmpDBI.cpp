@@ -6,6 +6,7 @@
 #include "TConexaoSQL.h"
 #include "Valores.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <string_view>
 
@@ -18,7 +19,7 @@ constexpr TColunaItemTmp Colunas[] = {
     {"estacao_cod", "estacao_cod", T::Codigo},
     {"compra_cod", "compra_cod", T::Codigo},
     {"compra_item_tmp_cod", "COMPRA_ITEM_TMP_COD", T::Codigo},
-    {"prod_cod_deles", "PROD_COD_DELES", T::Texto},
+    {"prod_cod_deles", "PROD_COD_DELES", T::Texto, 60},
     {"prod_cod", "PROD_COD", T::Codigo},
     {"unid_cod", "unid_cod", T::Codigo},
     {"trib_cod", "trib_cod", T::Codigo},
@@ -30,16 +31,16 @@ constexpr TColunaItemTmp Colunas[] = {
     {"custo_tot", "CUSTO_TOT", T::Valor},
     {"desconto", "DESCONTO", T::Valor},
     {"ordem", "ordem", T::Codigo},
-    {"prod_descr_fornec", "prod_descr_fornec", T::Texto},
+    {"prod_descr_fornec", "prod_descr_fornec", T::Texto, 120},
     {"pipi", "pipi", T::Valor},
     {"vipi", "vipi", T::Valor},
     {"frete", "frete", T::Valor},
     {"prod_margem", "prod_margem", T::Valor},
     {"preco_novo", "preco_novo", T::Valor},
-    {"bar_cod_fornec", "bar_cod_fornec", T::Texto},
-    {"ncm", "ncm", T::Texto},
+    {"bar_cod_fornec", "bar_cod_fornec", T::Texto, 30},
+    {"ncm", "ncm", T::Texto, 10},
     {"tot_entra", "tot_entra", T::Valor},
-    {"cfop", "cfop", T::Texto},
+    {"cfop", "cfop", T::Texto, 10},
     {"trib_icms_cst", "cst", T::Codigo},
     {"trib_orig", "origem_merc", T::Codigo},
     {"trib_icms_modbc", "icms_bc_mod", T::Codigo},
@@ -55,7 +56,7 @@ constexpr TColunaItemTmp Colunas[] = {
     {"seguro", "seguro", T::Valor},
     {"icms_perc_red", "icms_perc_red", T::Valor},
     {"trib_icms_predbc", "trib_icms_predbc", T::Valor},
-    {"info_adic", "info_adic", T::Texto},
+    {"info_adic", "info_adic", T::Texto, 2000},
     {"trib_icms_vbcfcp", "icms_vBCFCP", T::Valor},
     {"trib_icms_pfcp", "icms_pFCP", T::Valor},
     {"trib_icms_vfcp", "TRIB_icms_vFCP", T::Valor},
@@ -107,6 +108,29 @@ QString Sql(TTipoColunaItem tipo, const QVariant &v)
     return QStringLiteral("NULL");
 }
 
+// Whether the column can hold the value: amounts and quantities within NUMERIC(18,4), texts
+// within the column's characters once QuotedStr has dropped their NULs.
+bool Cabe(const TColunaItemTmp &c, const QVariant &v)
+{
+    if (v.isNull())
+        return true;
+    switch (c.tipo) {
+    case T::Codigo:
+        return true;
+    case T::Valor:
+        return v.value<Money>().CabeNaColuna();
+    case T::Quantidade:
+        return Money::fromDouble(v.toDouble()).CabeNaColuna();
+    case T::Texto: {
+        const QString t = v.toString();
+        const qsizetype caracteres = t.size() - t.count(QChar(u'\0'))
+            - std::count_if(t.begin(), t.end(), [](QChar ch) { return ch.isLowSurrogate(); });
+        return caracteres <= c.tamanho;
+    }
+    }
+    return true;
+}
+
 QVariant Ler(const TField &f, TTipoColunaItem tipo)
 {
     if (f.IsNull())
@@ -153,6 +177,14 @@ void TCompraItemTmpCampos::SetValor(const QString &coluna, const QVariant &valor
     if (i < 0)
         throw std::invalid_argument("compra_item_tmp has no column " + coluna.toStdString());
     m_valores[size_t(i)] = valor;
+}
+
+QString TCompraItemTmpCampos::ColunaQueNaoCabe() const
+{
+    for (int i = 0; i < NumColunasItemTmp; ++i)
+        if (!Cabe(Colunas[i], m_valores[size_t(i)]))
+            return QLatin1String(Colunas[i].coluna);
+    return {};
 }
 
 QStringList TCompraItemTmpCampos::ValoresSQL() const

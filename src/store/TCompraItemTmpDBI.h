@@ -27,6 +27,7 @@ struct TColunaItemTmp
     const char *coluna;    // in compra_item_tmp
     const char *campo;     // in the item list
     TTipoColunaItem tipo;
+    int tamanho = 0;       // characters of a text column
 };
 
 // Every column of compra_item_tmp, in table order. The item query, the item list, the copy
@@ -49,6 +50,9 @@ public:
     QVariant Valor(const QString &coluna) const;
     void SetValor(const QString &coluna, const QVariant &valor);
 
+    // The first column whose value the table cannot hold (an amount or quantity beyond
+    // NUMERIC(18,4), a text longer than the column); empty when every value fits.
+    QString ColunaQueNaoCabe() const;
     // Every value as SQL text, in table order, through the value functions.
     QStringList ValoresSQL() const;
 

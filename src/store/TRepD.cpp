@@ -382,18 +382,44 @@ bool TRepD::GravarItens(const TChaveNota &nota)
 
 QString TRepD::EscreverItens(int emprCod, int compraCod)
 {
-    TClientDataSet &itens = *m_itens;
-    const QString empr = QString::number(emprCod);
-    if (!TConexD::Executar(QLatin1String("delete from COMPRA_ITEM_TMP where EMPR_COD=") + empr
+    // Every statement is built before the staged rows are deleted: a value the table cannot
+    // hold must leave the note's items as they were, not cut the save half-way.
+    std::vector<TItemGravar> gravar;
+    const QString naoCabe = MontarItens(emprCod, compraCod, gravar);
+    if (!naoCabe.isEmpty())
+        return naoCabe;
+    if (!m_conexao.Conectar())
+        return QStringLiteral("Não foi possível gravar os itens da nota.\n") + m_conexao.UltimoErro();
+    const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
+
+    if (!TConexD::Executar(QLatin1String("delete from COMPRA_ITEM_TMP where EMPR_COD=") + QString::number(emprCod)
                            + QLatin1String(" and estacao_cod=10") + QLatin1String(" and compra_cod=")
                            + QString::number(compraCod)))
         return QStringLiteral("Não foi possível apagar os itens gravados da nota.\n")
                + TConexD::Conexao().UltimoErro();
 
-    if (!m_conexao.Conectar())
-        return QStringLiteral("Não foi possível gravar os itens da nota.\n") + m_conexao.UltimoErro();
-    const auto desconectar = qScopeGuard([this] { m_conexao.Desconectar(); });
+    for (const TItemGravar &g : gravar) {
+        auto falha = [&](const QString &oQue) {
+            return QStringLiteral("Não foi possível gravar %1 do item %2 (código %3) da nota.\n%4")
+                .arg(oQue, g.ordem, g.item, m_conexao.UltimoErro());
+        };
+        if (!m_conexao.Exec(g.inserir))
+            return falha(QStringLiteral("a linha"));
+        if (!m_conexao.Exec(g.infoAdic))
+            return falha(QStringLiteral("as informações adicionais"));
+        if (!m_conexao.Exec(g.apagarPrecos))
+            return falha(QStringLiteral("os preços"));
+        for (const QString &preco : g.precos)
+            if (!m_conexao.Exec(preco))
+                return falha(QStringLiteral("os preços"));
+    }
+    return {};
+}
 
+QString TRepD::MontarItens(int emprCod, int compraCod, std::vector<TItemGravar> &gravar)
+{
+    TClientDataSet &itens = *m_itens;
+    const QString empr = QString::number(emprCod);
     struct Preco
     {
         QString codigo;
@@ -406,31 +432,31 @@ QString TRepD::EscreverItens(int emprCod, int compraCod)
     const TField &fOrdem = itens.FieldByName(QStringLiteral("ordem"));
 
     TCompraItemTmpDBI linha;
+    gravar.reserve(size_t(itens.RecordCount()));
     for (itens.First(); !itens.Eof(); itens.Next()) {
         linha.LerDoDataSet(itens);
         linha.SetNota(emprCod, compraCod);
-        const QString item = QString::number(linha.CompraItemTmpCod());
-        auto falha = [&](const QString &oQue) {
-            return QStringLiteral("Não foi possível gravar %1 do item %2 (código %3) da nota.\n%4")
-                .arg(oQue, fOrdem.AsString(), item, m_conexao.UltimoErro());
-        };
-        if (!linha.InserirNoBD(m_conexao))
-            return falha(QStringLiteral("a linha"));
-        if (!m_conexao.Exec(QLatin1String("update compra_item_tmp set  info_adic=") + QuotedStr(linha.InfoAdic())
-                            + QLatin1String(" where compra_item_tmp_cod=") + item))
-            return falha(QStringLiteral("as informações adicionais"));
-        if (!m_conexao.Exec(QLatin1String("delete from COMPRA_ITEM_TMP_PRECOS where EMPR_COD=") + empr
-                            + QLatin1String(" and estacao_cod=10") + QLatin1String(" and compra_item_tmp_cod=")
-                            + item))
-            return falha(QStringLiteral("os preços"));
+        TItemGravar g{fOrdem.AsString(), QString::number(linha.CompraItemTmpCod()), {}, {}, {}, {}};
+        QString coluna = linha.Campos().ColunaQueNaoCabe();
+        g.inserir = linha.SqlInserir();
+        g.infoAdic = QLatin1String("update compra_item_tmp set  info_adic=") + QuotedStr(linha.InfoAdic())
+                     + QLatin1String(" where compra_item_tmp_cod=") + g.item;
+        g.apagarPrecos = QLatin1String("delete from COMPRA_ITEM_TMP_PRECOS where EMPR_COD=") + empr
+                         + QLatin1String(" and estacao_cod=10") + QLatin1String(" and compra_item_tmp_cod=") + g.item;
         for (const Preco &p : precos) {
             const Money preco = p.campo ? p.campo->AsMoney() : Money();
-            if (!m_conexao.Exec(QLatin1String("INSERT INTO COMPRA_ITEM_TMP_PRECOS (EMPR_COD, estacao_cod, "
-                                              "compra_item_tmp_cod, TAB_PRECO_COD, PRECO) VALUES (")
-                                + empr + QLatin1String(", 10, ") + item + QLatin1String(", ") + p.codigo
-                                + QLatin1String(", ") + FloatToStrPonto(preco) + QLatin1String(");")))
-                return falha(QStringLiteral("os preços"));
+            if (!preco.CabeNaColuna() && coluna.isEmpty())
+                coluna = p.campo->FieldName();
+            g.precos << QLatin1String("INSERT INTO COMPRA_ITEM_TMP_PRECOS (EMPR_COD, estacao_cod, "
+                                      "compra_item_tmp_cod, TAB_PRECO_COD, PRECO) VALUES (")
+                            + empr + QLatin1String(", 10, ") + g.item + QLatin1String(", ") + p.codigo
+                            + QLatin1String(", ") + FloatToStrPonto(preco) + QLatin1String(");");
         }
+        if (!coluna.isEmpty())
+            return QStringLiteral("Os itens da nota não foram gravados: o valor de %1 do item %2 (código %3) "
+                                  "não cabe no banco de dados.")
+                .arg(coluna, g.ordem, g.item);
+        gravar.push_back(std::move(g));
     }
     return {};
 }

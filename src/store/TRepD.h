@@ -6,8 +6,10 @@
 #include <QDate>
 #include <QObject>
 #include <QString>
+#include <QStringList>
 
 #include <optional>
+#include <vector>
 
 class TClientDataSet;
 class TClientManager;
@@ -76,8 +78,10 @@ public:
     // driver's message. `progresso` may be null.
     bool CarregarItens(const TChaveNota &nota, TProgresso *progresso = nullptr);
     // Replaces the note's staged rows (station 10) with the item list, in list order, each with
-    // one price row per price table. No transaction: on a failure the rows written so far stay,
-    // the failure is shown once with the driver's message, and false comes back.
+    // one price row per price table. A value the table cannot hold (an amount beyond
+    // NUMERIC(18,4), a text longer than its column) is found before anything is deleted: one
+    // message, nothing changed, false. No transaction: on a database failure the rows written so
+    // far stay, the failure is shown once with the driver's message, and false comes back.
     bool GravarItens(const TChaveNota &nota);
 
 private:
@@ -86,8 +90,17 @@ private:
     QString PreencherNotas(const QString &sql, int origemIndice, TRastroDebug &rastro);
     // Appends the items of a note; the error text when the database fails.
     QString PreencherItens(int emprCod, int compraCod, TProgresso *progresso, double *segAbrir);
-    // Writes the item list; the error text when the database fails.
+    // The statements that write one item of the list, in the order they run.
+    struct TItemGravar
+    {
+        QString ordem, item;   // how messages name the item
+        QString inserir, infoAdic, apagarPrecos;
+        QStringList precos;
+    };
+    // Writes the item list; the error text when a value does not fit or the database fails.
     QString EscreverItens(int emprCod, int compraCod);
+    // Builds the statements of every item; the error text of the first value that does not fit.
+    QString MontarItens(int emprCod, int compraCod, std::vector<TItemGravar> &gravar);
 
     TConexaoSQL &m_conexao;
     TClientDataSet *m_notas;

@@ -43,6 +43,14 @@ TEST(Money, DropsDigitsAndSaturates)
         {"DoubleOverflow", Money::fromDouble(-1e300), "-922337203685477.5808"},
         {"FactorOverflow", Money::fromInt(900000000000).times(1e6), "922337203685477.5807"},
         {"QuotientOverflow", *Money::fromRaw(MinRaw).dividedBy(Money::fromRaw(-Money::Scale)), "922337203685477.5807"},
+        // sums, differences, negation and whole multiples saturate too
+        {"MaxPlusOne", Money::fromRaw(MaxRaw) + Money::fromRaw(1), "922337203685477.5807"},
+        {"MinMinusOne", Money::fromRaw(MinRaw) - Money::fromRaw(1), "-922337203685477.5808"},
+        {"MinusMin", -Money::fromRaw(MinRaw), "922337203685477.5807"}, {"AbsMin", Money::fromRaw(MinRaw).abs(), "922337203685477.5807"},
+        {"MinTimesMinusOne", Money::fromRaw(MinRaw) * -1, "922337203685477.5807"},
+        {"FromIntOverflow", Money::fromInt(MaxRaw / 1000), "922337203685477.5807"},
+        {"PlusEqualsAtMax", [] { Money v = Money::fromRaw(MaxRaw - 1); v += m("0.0002"); return v; }(), "922337203685477.5807"},
+        {"MinusEqualsAtMin", [] { Money v = Money::fromRaw(MinRaw + 1); v -= m("0.0002"); return v; }(), "-922337203685477.5808"},
     };
     for (const auto &row : rows)
         EXPECT_EQ(row.result.toString().toStdString(), row.expected) << row.name;
@@ -59,6 +67,9 @@ TEST(Money, ReadsDatabaseAndTypedTextRefusingTheMalformed)
         {"1e3", false, {}},
         {"1.234,56", true, 12345600}, {"-0,01", true, -100}, {"0,00005", true, 0},
         {"1,234.56", true, {}}, {"12.5", true, {}}, {"12a", true, {}},
+        // typed text is held to what the money columns take
+        {"99.999.999.999.999,9999", true, Money::MaxColunaRaw}, {"-99999999999999,9999", true, -Money::MaxColunaRaw},
+        {"99999999999999,99995", true, {}}, {"100000000000000", true, {}}, {"0099999999999999,5", true, 999999999999995000},
     };
     for (const auto &row : rows) {
         const QString text = QString::fromLatin1(row.text);
@@ -69,7 +80,6 @@ TEST(Money, ReadsDatabaseAndTypedTextRefusingTheMalformed)
 
 TEST(Money, WritesAndConvertsAtTheEdges)
 {
-    EXPECT_EQ(Money::fromRaw(MinRaw).toString().toStdString(), "-922337203685477.5808");
     EXPECT_EQ(m("1.2345").toDouble(), 1.2345);
     // Beyond 2^53 ten-thousandths a plain division would round twice and land on ...604.3.
     EXPECT_EQ(m("525898626537604.3509").toDouble(), 525898626537604.4);

@@ -8,6 +8,8 @@
 #include <QTest>
 #include <QVBoxLayout>
 
+#include <cmath>
+
 namespace {
 
 class NumEditBRTest : public ::testing::Test
@@ -49,6 +51,8 @@ TEST_F(NumEditBRTest, TypingKeepsOnlyWhatMakesANumberPastingReadsTheBrazilianWay
     }
 
     edit->SetDecimals(2); edit->SetAcceptNegative(false);
+    Type("123456789012345");
+    EXPECT_EQ(edit->text(), "12345678901234") << "no more whole digits than the money columns hold";
     Paste("1.234,56");
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(12345600));
     edit->SetValue(0);
@@ -79,6 +83,8 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheRead
     const struct { int decimals; double value; QString shown; } cases[] = {
         {2, 2.675, "2,68"}, {2, 2.665, "2,66"}, {2, 1234.5, "1234,50"}, {2, -0.004, "0,00"},
         {0, 2.5, "2"}, {0, 3.5, "4"}, {3, 1.0005, "1,000"}, {3, 1.0015, "1,002"}, {4, 0.12345, "0,1234"},
+        // beyond the money columns the widest value they hold, never a wrapped one
+        {2, 1e20, "99999999999999,99"}, {0, -HUGE_VAL, "-99999999999999"}, {4, NAN, "0,0000"},
     };
     for (const auto &c : cases) {
         edit->SetDecimals(c.decimals);
@@ -90,6 +96,8 @@ TEST_F(NumEditBRTest, SetValueRoundsHalfToEvenValueChangedOnlyOnChangeAndTheRead
     edit->SetMoney(Money::fromRaw(-123456789));
     EXPECT_EQ(edit->text(), "-12345,68");
     EXPECT_EQ(edit->AsMoney(), Money::fromRaw(-123456800));
+    edit->SetMoney(Money::fromRaw(Money::MaxColunaRaw));
+    EXPECT_EQ(edit->AsMoney(), Money::fromRaw(Money::MaxColunaRaw - 99)) << "rounding up would leave the column";
     edit->SetValue(1.5); edit->SetDecimals(3);
     const QString threePlaces = edit->text();
     edit->SetDecimals(0);

@@ -1,3 +1,4 @@
+#include "TestDatabase.h"
 #include "Valores.h"
 
 #include <gtest/gtest.h>
@@ -53,6 +54,8 @@ TEST_F(Valores, SqlLiteralsAndDateTexts)
         ROW(FloatToStrPonto(Money::fromDouble(1234.5)), "1234.5"),
         ROW(QuotedStr("''"), "''''''"), ROW(QuotedStr(""), "''"),
         ROW(QuotedStr("x'; delete from compra; --"), "'x''; delete from compra; --'"),
+        ROW(QuotedStr(QString("a") + QChar(0) + "b" + QChar(0)), "'ab'"),
+        ROW(QuotedStr("\t'\r\n\x1b[0m\x7f"), "'\t''\r\n\x1b[0m\x7f'"),
         ROW(StrToNumStrPonto("1.234,56"), "1234.56"), ROW(StrToNumStrPonto("12,50"), "12.5"),
         ROW(StrToNumStrPonto("3"), "3"), ROW(StrToNumStrPonto("-0,0"), "0"),
         ROW(StrToNumStrPonto("123456789012,3456789"), "123456789012.3456789"), ROW(StrToNumStrPonto(""), "0"),
@@ -125,10 +128,15 @@ TEST_F(Valores, FormatFloatWritesBrazilianSeparators)
     }
 }
 
-TEST_F(Valores, PrimeiroDateMes)
+// Whatever a text holds, the statement that splices it is read whole and stores the text as it
+// was, less its NULs.
+TEST(QuotedStrNoBanco, GuardaOTextoInteiro)
 {
-    EXPECT_EQ(PrimeiroDateMes(QDate(2024, 2, 29)), QDate(2024, 2, 1));
-    EXPECT_FALSE(PrimeiroDateMes(QDate()).isValid());
+    TestDatabase db(TestDatabase::Conteudo::SoEsquema);
+    ASSERT_EQ(db.erro() + db.exec(QStringLiteral("create table textos (t blob sub_type text)")), QString());
+    const QString pedaco = QString("ação d'água\t\r\n\x1b[2J\x7f€ ") + QChar(0);
+    ASSERT_EQ(db.exec(QStringLiteral("insert into textos values (") + QuotedStr(pedaco.repeated(400)) + u')'), QString());
+    EXPECT_EQ(db.valor(QStringLiteral("select t from textos")), QString(pedaco.repeated(400)).remove(QChar(0)));
 }
 
 TEST_F(Valores, LerNumeroBRTakesBrazilianNumbersOnly)

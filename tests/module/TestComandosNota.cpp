@@ -77,6 +77,26 @@ TEST_F(ComandosNota, CancelarNotaInexistenteOuAmbigua)
     EXPECT_EQ(Rodou("send 1-2-4"), "1|pavrel send: nota 001-0000004 sem empresa de destino\n");
 }
 
+TEST_F(ComandosNota, NotesMostraUmaLinhaPorNotaERecusaDatasEArgumentosSemSentido)
+{
+    // Control characters in stored texts: tab, line breaks, an escape sequence, DEL, C1, NUL.
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set nfe_justificativa=")
+                      + QuotedStr(QString("a\tb\r\nc\x1b[2Jd\x7f") + QChar(0x85) + QChar(0x2028))
+                      + QStringLiteral(" || ascii_char(0) || 'e', serie=ascii_char(10) where compra_cod=4")), QString());
+    ASSERT_EQ(Rodou("notes --from 0001-01-01 --to 9999-12-31").left(2), "0|") << erros.toStdString();
+    const QStringList linhas = saida.split(QLatin1Char('\n'));
+    ASSERT_EQ(linhas.size(), 3) << saida.toStdString();
+    EXPECT_EQ(linhas[1].count(QLatin1Char('\t')), linhas[0].count(QLatin1Char('\t')));
+    EXPECT_TRUE(linhas[1].contains(QStringLiteral("\ta b  c [2Jd    e\t"))) << linhas[1].toStdString();
+
+    // Refused with the reason and the usage line, nothing listed.
+    for (const char *linha : {"notes --from -2026-01-01", "notes --from 01/01/-2026", "notes --to 10000-01-01",
+                              "notes --to 31/02/2026", "notes 2026", "notes --all-dates extra", "notes --bogus", "notes --to"})
+        EXPECT_TRUE(Rodou(linha).startsWith("2|pavrel notes: ") && erros.endsWith("\nuso: pavrel notes [--from DATA] [--to DATA] "
+                    "[--all-dates] [--supplier N] [--cancelled todas|nao|sim] [--ndoc N] [--origin todas|manual|xml]\n"))
+            << linha << ": " << erros.toStdString();
+}
+
 TEST_F(ComandosNota, LeSoANotaPedidaPelaChave)
 {
     // Many other notes: the command must not read them to find its own.

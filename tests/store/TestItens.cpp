@@ -3,6 +3,7 @@
 #include "Money.h"
 #include "TClientDataSet.h"
 #include "TClientManager.h"
+#include "TCompraItemTmpDBI.h"
 #include "TProgresso.h"
 #include "TRepD.h"
 #include "TestDatabase.h"
@@ -258,6 +259,51 @@ TEST_F(Itens, LoadingSortsByTheGridColumnComputesQuantityAndCostsTimesOnlyWhenAs
     EXPECT_TRUE(texto.contains(QStringLiteral("PRECO"))) << texto.toStdString();
     EXPECT_EQ(repD.Itens().RecordCount(), 0);
     EXPECT_FALSE(repD.Itens().ControlsDisabled());
+}
+
+TEST_F(Itens, SavingKeepsEveryTextWholeAndRefusesWhatTheTableCannotHoldBeforeDeletingAnything)
+{
+    for (int item = 301; item <= 303; ++item)
+        Estagiar(item, item - 300, item - 300, 1, QStringLiteral("a"));
+    const QString antes = Retrato();
+    const Money alem = Money::fromRaw(Money::MaxColunaRaw + 1);
+    // Per item, a value for a field; the refused ones name the column that cannot hold it.
+    auto gravar = [&](std::initializer_list<std::tuple<int, const char *, QVariant>> valores) {
+        EXPECT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
+        for (const auto &[item, campo, valor] : valores) {
+            EXPECT_TRUE(Ir(item));
+            repD.Itens().Edit();
+            repD.Itens().FieldByName(QLatin1String(campo)).SetValue(valor);
+            repD.Itens().Post();
+        }
+        RegistroSql::Limpar();
+        dialogos.Limpar();
+        return repD.GravarItens({Empr, 10, Compra});
+    };
+    const struct { const char *campo; QVariant valor; const char *coluna; } recusas[] = {
+        {"CUSTO_TOT", QVariant::fromValue(alem), "custo_tot"}, {"DESCONTO", QVariant::fromValue(-alem), "desconto"},
+        {"QTD_EMBS", 1e14, "qtd_embs"}, {"preco2", QVariant::fromValue(alem), "preco2"},
+        {"info_adic", QString(2001, u'x'), "info_adic"}, {"ncm", QStringLiteral("12345678901"), "ncm"},
+    };
+    for (const Coluna &c : colunas)   // the widths checked before saving are the table's
+        if (c.tipo == 37)
+            EXPECT_EQ(ColunasItemTmp()[size_t(TCompraItemTmpCampos::IndiceColuna(c.nome))].tamanho, c.tamanho) << c.nome.toStdString();
+    for (const auto &r : recusas) {
+        EXPECT_FALSE(gravar({{302, r.campo, r.valor}})) << r.campo;
+        EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Os itens da nota não foram gravados: o valor de "
+                  "%1 do item 2 (código 302) não cabe no banco de dados.").arg(QLatin1String(r.coluna)));
+        EXPECT_TRUE(RegistroSql::Sql().isEmpty() && Retrato() == antes) << r.campo;
+    }
+
+    // NUL, tab, line breaks, quotes and a text as long as its column, 8 kB in characters of four bytes.
+    const QString cheio = QStringLiteral("😀").repeated(2000);
+    const QString textos[] = {QString("x") + QChar(0) + "y\tz\r\n'w'", QString(u'a') + QChar(0) + cheio.left(2 * 1999), cheio};
+    ASSERT_TRUE(gravar({{301, "info_adic", textos[0]}, {302, "info_adic", textos[1]}, {303, "info_adic", textos[2]}}))
+        << dialogos.UnicaMensagem(TipoMensagem::Erro).toStdString();
+    ASSERT_TRUE(repD.CarregarItens({Empr, 10, Compra}));
+    ASSERT_EQ(Codigos(), (QList<int>{301, 302, 303}));
+    for (int k = 0; k < 3; ++k)
+        EXPECT_TRUE(Ir(301 + k) && Textos({"info_adic"}) == QString(textos[k]).remove(QChar(0))) << k;
 }
 
 TEST_F(Itens, AFailurePartWayThroughSavingKeepsWhatWasWrittenAndReportsOnce)
