@@ -199,6 +199,26 @@ TEST_F(ConexaoSQL, AnAttachmentKilledOnTheServerIsReplacedOnItsNextStatement)
         EXPECT_EQ(TConexaoSQL::AnexacoesAbertas(), abertas + 1);
         EXPECT_NE(vitima.ValorInt(sqlId), id);
     }
+
+    // Killed while running: the select is run again, the write is not (it may have been recorded).
+    const auto matarEm = [&](int id) {
+        return std::thread([id, banco = db.banco()] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            TConexaoSQL(banco).Exec(QStringLiteral("delete from mon$attachments where mon$attachment_id=%1").arg(id));
+        });
+    };
+    const QString demorada = QStringLiteral("select count(*) from rdb$types a, rdb$types b, (select first 60 1 as x from rdb$types) c");
+    std::thread matar = matarEm(vitima.ValorInt(sqlId));
+    EXPECT_GT(vitima.ValorInt(demorada), 0) << vitima.UltimoErro().toStdString();
+    matar.join();
+    matar = matarEm(vitima.ValorInt(sqlId));
+    EXPECT_FALSE(vitima.Exec(QStringLiteral("execute block as declare i integer = 0; begin while (i < 100000000) do i = i + 1; "
+                                            "insert into config (chave) values ('L'); end")));
+    matar.join();
+    EXPECT_TRUE(vitima.UltimoErro().startsWith(QStringLiteral("A conexão com o banco de dados %1 caiu durante a gravação; "
+                                                              "confira se a alteração foi gravada: execute block as").arg(db.caminho())))
+        << vitima.UltimoErro().toStdString();
+    EXPECT_EQ(vitima.ValorInt(QStringLiteral("select count(*) from config where chave='L'")), 0);
     vitima.Desconectar();
     outra.Desconectar();
 }
