@@ -492,7 +492,8 @@ bool TAnexacao::Executar(const QString &sql, Resultado *resultado, Falha *falha)
         return true;
     // The engine reports a row still held at the end of the wait just as it reports a row
     // changed by a transaction that committed meanwhile; only the time waited tells them apart.
-    falha->esperaEsgotada = falha->Conflito() && tempo.elapsed() >= qint64(m_espera) * 1000 - 50;
+    // Its clock counts whole seconds, so a wait of n seconds ends after more than n - 1.
+    falha->esperaEsgotada = falha->Conflito() && tempo.elapsed() >= qint64(m_espera - 1) * 1000;
     return false;
 }
 

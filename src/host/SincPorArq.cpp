@@ -4,6 +4,7 @@
 #include "Valores.h"
 
 #include <QDeadlineTimer>
+#include <QThread>
 
 TSincPorArq::TSincPorArq(const QString &nome, const QString &texto, const QString &classe, int segundos,
                          TDadosBanco banco)
@@ -49,14 +50,17 @@ bool TSincPorArq::Adquirir()
                      .arg(m_banco.database, m_nome, falha.texto);
         return false;
     }
-    // A conflict with a holder that has just let go is tried again while time remains.
+    // The engine's lock clock counts whole seconds, so it waits whole seconds that end before the
+    // deadline and the last fraction is polled.
     for (;;) {
-        const int restante = int((prazo.remainingTime() + 999) / 1000);
-        if (m_anexacao.Iniciar({restante}, &falha) && m_anexacao.Executar(sql, nullptr, &falha))
+        const int espera = int(prazo.remainingTime() / 1000);
+        if (m_anexacao.Iniciar({espera}, &falha) && m_anexacao.Executar(sql, nullptr, &falha))
             return true;
         m_anexacao.Desfazer();
-        if (!falha.Conflito() || prazo.hasExpired())
+        if (!(falha.Conflito() || falha.EsperaEsgotada()) || prazo.hasExpired())
             break;
+        if (espera == 0)
+            QThread::msleep(50);
     }
     m_anexacao.Desanexar();
     m_erro = falha.EsperaEsgotada() || falha.Conflito()
