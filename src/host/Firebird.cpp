@@ -149,6 +149,15 @@ QString semBrancosAFinal(const char *texto, int tamanho)
 QDate data(ISC_DATE dias) { return QDate::fromJulianDay(qint64(dias) + 2400001); }
 QTime hora(ISC_TIME decimilesimos) { return QTime::fromMSecsSinceStartOfDay(int(decimilesimos / 10)); }
 
+// The buffers carry no alignment promise.
+template <typename T>
+T lido(const char *dados)
+{
+    T valor;
+    std::memcpy(&valor, dados, sizeof valor);
+    return valor;
+}
+
 QString nomeColuna(const XSQLVAR &var)
 {
     return QString::fromUtf8(var.aliasname, var.aliasname_length);
@@ -375,63 +384,37 @@ private:
         case SQL_TEXT:
             *v = semBrancosAFinal(dados, var.sqllen);
             return true;
-        case SQL_VARYING: {
-            ISC_SHORT tamanho;
-            std::memcpy(&tamanho, dados, sizeof tamanho);
-            *v = QString::fromUtf8(dados + 2, tamanho);
+        case SQL_VARYING:
+            *v = QString::fromUtf8(dados + 2, lido<ISC_SHORT>(dados));
             return true;
-        }
-        case SQL_SHORT: {
-            ISC_SHORT n;
-            std::memcpy(&n, dados, sizeof n);
-            return inteiro(n);
-        }
-        case SQL_LONG: {
-            ISC_LONG n;
-            std::memcpy(&n, dados, sizeof n);
-            return inteiro(n);
-        }
-        case SQL_INT64: {
-            ISC_INT64 n;
-            std::memcpy(&n, dados, sizeof n);
-            return inteiro(n);
-        }
-        case SQL_FLOAT: {
-            float n;
-            std::memcpy(&n, dados, sizeof n);
-            *v = double(n);
+        case SQL_SHORT:
+            return inteiro(lido<ISC_SHORT>(dados));
+        case SQL_LONG:
+            return inteiro(lido<ISC_LONG>(dados));
+        case SQL_INT64:
+            return inteiro(lido<ISC_INT64>(dados));
+        case SQL_FLOAT:
+            *v = double(lido<float>(dados));
             return true;
-        }
-        case SQL_DOUBLE: {
-            double n;
-            std::memcpy(&n, dados, sizeof n);
-            *v = n;
+        case SQL_DOUBLE:
+            *v = lido<double>(dados);
             return true;
-        }
         case SQL_BOOLEAN:
             *v = *dados != 0;
             return true;
-        case SQL_TYPE_DATE: {
-            ISC_DATE d;
-            std::memcpy(&d, dados, sizeof d);
-            *v = data(d);
+        case SQL_TYPE_DATE:
+            *v = data(lido<ISC_DATE>(dados));
             return true;
-        }
-        case SQL_TYPE_TIME: {
-            ISC_TIME t;
-            std::memcpy(&t, dados, sizeof t);
-            *v = hora(t);
+        case SQL_TYPE_TIME:
+            *v = hora(lido<ISC_TIME>(dados));
             return true;
-        }
         case SQL_TIMESTAMP: {
-            ISC_TIMESTAMP ts;
-            std::memcpy(&ts, dados, sizeof ts);
+            const auto ts = lido<ISC_TIMESTAMP>(dados);
             *v = QDateTime(data(ts.timestamp_date), hora(ts.timestamp_time));
             return true;
         }
         case SQL_BLOB: {
-            ISC_QUAD id;
-            std::memcpy(&id, dados, sizeof id);
+            auto id = lido<ISC_QUAD>(dados);
             QByteArray bytes;
             if (!blob(tr, &id, &bytes, falha))
                 return false;
