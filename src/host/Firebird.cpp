@@ -94,8 +94,8 @@ public:
         for (short i = 0; i < m_sqlda->sqld; ++i) {
             XSQLVAR &var = m_sqlda->sqlvar[i];
             const int tipo = var.sqltype & ~1;
-            // Alignment is that of the largest scalar; varying text carries a 2-byte length.
-            m_dados[i].resize(size_t(var.sqllen) + (tipo == SQL_VARYING ? 2 : 0) + 8);
+            // Varying text carries a 2-byte length before its bytes.
+            m_dados[i].resize(size_t(var.sqllen) + (tipo == SQL_VARYING ? 2 : 0));
             var.sqldata = m_dados[i].data();
             var.sqlind = &m_nulos[i];
             var.sqltype |= 1;
@@ -108,8 +108,8 @@ private:
     std::vector<ISC_SHORT> m_nulos;
 };
 
-// NUMERIC/DECIMAL as exact decimal text without trailing zeros, the form the database's own
-// tools and the money type use ("12.5", "-0.0001", "1000000").
+// NUMERIC/DECIMAL as exact decimal text without trailing zeros, as the money type writes it
+// ("12.5", "-0.0001", "1000000").
 QString textoEscalado(qint64 valor, int escala)
 {
     const bool negativo = valor < 0;
