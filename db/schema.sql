@@ -74,6 +74,16 @@ CREATE TABLE config (
   CONSTRAINT config_pk PRIMARY KEY (chave)
 );
 
+-- Named locks between processes and workstations: a row held by an uncommitted update.
+CREATE TABLE sinc_trava (
+  nome       VARCHAR(100) NOT NULL,
+  texto      VARCHAR(500),
+  classe     VARCHAR(60),
+  estacao    INTEGER,
+  adquirido  TIMESTAMP,
+  CONSTRAINT sinc_trava_pk PRIMARY KEY (nome)
+);
+
 -- Fiscal defaults: the first row returned holds the additional information
 -- proposed for a note that has none.
 CREATE TABLE fisco_config (

@@ -1,14 +1,12 @@
 #include "Database.h"
 
+#include "FirebirdPool.h"
 #include "TConexaoSQL.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlQuery>
 #include <QStandardPaths>
 
 #include <ibase.h>
@@ -26,19 +24,6 @@ bool IsServerPath(const QString &database)
     // "host:path" with a host of two characters or more; "C:/x" would be a drive letter.
     static const QRegularExpression server(QStringLiteral("^[^/:\\\\]{2,}(/[0-9]+)?:"));
     return server.match(database).hasMatch();
-}
-
-static QString engineMessage(const ISC_STATUS *status)
-{
-    QString text;
-    char buffer[1024];
-    const ISC_STATUS *vector = status;
-    while (fb_interpret(buffer, sizeof buffer, &vector) > 0) {
-        if (!text.isEmpty())
-            text += QLatin1Char(' ');
-        text += QString::fromLocal8Bit(buffer);
-    }
-    return text;
 }
 
 static QString quoted(const QString &text)
@@ -70,7 +55,7 @@ bool CreateEmpty(const TDadosBanco &banco, QString *error)
     isc_tr_handle tr = 0;
     isc_dsql_execute_immediate(status, &db, &tr, 0, sql.constData(), SQL_DIALECT_V6, nullptr);
     if (status[0] == 1 && status[1] != 0) {
-        *error = engineMessage(status);
+        *error = Firebird::Mensagem(status);
         return false;
     }
     isc_detach_database(status, &db);
@@ -147,31 +132,29 @@ bool RunScript(const QString &connectionName, const QString &script, QString *er
 {
     // Consecutive statements of one kind share a transaction: DDL cannot be followed by DML on
     // the same table before a commit, and one commit per statement would cost a disk flush each.
-    QSqlDatabase db = QSqlDatabase::database(connectionName, false);
-    bool inTransaction = false;
+    Firebird::TAnexacao *db = Firebird::Pool::Instancia().Anexacao(connectionName);
+    if (!db || !db->Anexada()) {
+        *error = QStringLiteral("A conexão %1 não está aberta").arg(connectionName);
+        return false;
+    }
+    Firebird::Falha failure;
     bool lastWasDdl = false;
     for (const QString &statement : SplitScript(script)) {
         const bool ddl = isDdl(statement);
-        if (inTransaction && ddl != lastWasDdl) {
-            if (!db.commit()) {
-                *error = db.lastError().text();
-                return false;
-            }
-            inTransaction = false;
-        }
-        if (!inTransaction)
-            inTransaction = db.transaction();
+        bool ok = true;
+        if (db->EmTransacao() && ddl != lastWasDdl)
+            ok = db->Confirmar(&failure);
+        if (ok && !db->EmTransacao())
+            ok = db->Iniciar({}, &failure);
         lastWasDdl = ddl;
-        QSqlQuery query(db);
-        if (!query.exec(statement)) {
-            *error = query.lastError().text() + QStringLiteral("\n") + statement.left(300);
-            if (inTransaction)
-                db.rollback();
+        if (!ok || !db->Executar(statement, nullptr, &failure)) {
+            *error = failure.texto + QStringLiteral("\n") + statement.left(300);
+            db->Desfazer();
             return false;
         }
     }
-    if (inTransaction && !db.commit()) {
-        *error = db.lastError().text();
+    if (db->EmTransacao() && !db->Confirmar(&failure)) {
+        *error = failure.texto;
         return false;
     }
     return true;
@@ -196,7 +179,7 @@ bool SetForcedWrites(const TDadosBanco &banco, bool on, QString *error)
     isc_db_handle db = 0;
     isc_attach_database(status, 0, path.constData(), &db, short(dpb.size()), dpb.constData());
     if (status[0] == 1 && status[1] != 0) {
-        *error = engineMessage(status);
+        *error = Firebird::Mensagem(status);
         return false;
     }
     isc_detach_database(status, &db);

@@ -7,8 +7,7 @@
 
 #include <functional>
 
-// Creating and filling a Firebird database. QtSql cannot create one, so creation goes through
-// the Firebird client library itself.
+// Creating and filling a Firebird database through the Firebird client library.
 namespace Database {
 
 // The file under the user's data folder that the module opens when nobody names another.

@@ -2,133 +2,59 @@
 
 #include "Valores.h"
 
-#include <QHash>
-#include <QSqlDatabase>
-#include <QSqlError>
-#include <QSqlField>
-#include <QSqlQuery>
-#include <QSqlRecord>
+#include "FirebirdPool.h"
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
 #include <QThread>
 
+#include <atomic>
 #include <stdexcept>
 
 Q_LOGGING_CATEGORY(lcSql, "pavrel.sql", QtWarningMsg)
 
-// --- the pool ---------------------------------------------------------------------------------
-
 namespace {
 
-struct Anexacao
+using Firebird::Falha;
+using Firebird::Pool;
+
+std::atomic<int> esperaTrava = 10;
+constexpr int TentativasEmConflito = 4;
+
+QString inicioDoComando(const QString &sql, int tamanho)
 {
-    QString nome;
-    TDadosBanco banco;
-    Qt::HANDLE thread;
-    bool emUso;
-};
-
-// Attachments belong to the thread that opened them (QSqlDatabase's rule).
-class Pool final
-{
-public:
-    static Pool &instancia()
-    {
-        // Never destroyed: connections held by other statics may be returned during exit.
-        static Pool *pool = new Pool;
-        return *pool;
-    }
-
-    QString obter(const TDadosBanco &banco, QString *erro)
-    {
-        const Qt::HANDLE thread = QThread::currentThreadId();
-        for (Anexacao &a : m_anexacoes) {
-            if (!a.emUso && a.thread == thread && a.banco == banco
-                && QSqlDatabase::database(a.nome, false).isOpen()) {
-                a.emUso = true;
-                return a.nome;
-            }
-        }
-        const QString nome = QStringLiteral("pavrel-%1").arg(++m_sequencia);
-        QSqlDatabase db = QSqlDatabase::addDatabase(QStringLiteral("QIBASE"), nome);
-        db.setDatabaseName(banco.database);
-        db.setUserName(banco.usuario);
-        db.setPassword(banco.senha);
-        db.setConnectOptions(QStringLiteral("ISC_DPB_LC_CTYPE=UTF8"));
-        if (!db.open()) {
-            *erro = QStringLiteral("Não foi possível abrir o banco de dados %1: %2")
-                        .arg(banco.database, db.lastError().text());
-            db = QSqlDatabase();
-            QSqlDatabase::removeDatabase(nome);
-            return {};
-        }
-        ++m_abertas;
-        m_anexacoes.push_back({nome, banco, thread, true});
-        return nome;
-    }
-
-    void devolver(const QString &nome)
-    {
-        for (Anexacao &a : m_anexacoes) {
-            if (a.nome == nome)
-                a.emUso = false;
-        }
-    }
-
-    void fecharOciosas(const QString &database)
-    {
-        for (auto it = m_anexacoes.begin(); it != m_anexacoes.end();) {
-            if (!it->emUso && (database.isEmpty() || it->banco.database == database)) {
-                {
-                    QSqlDatabase db = QSqlDatabase::database(it->nome, false);
-                    db.close();
-                }
-                QSqlDatabase::removeDatabase(it->nome);
-                it = m_anexacoes.erase(it);
-            } else {
-                ++it;
-            }
-        }
-    }
-
-    int abertas() const { return m_abertas; }
-
-private:
-    QVector<Anexacao> m_anexacoes;
-    int m_sequencia = 0;
-    int m_abertas = 0;
-};
-
-// A CHAR column comes padded to its size in bytes (four per character in UTF8); the blanks
-// are not part of the value.
-constexpr int SqlTipoChar = 452;
-
-QString semBrancosAFinal(QString texto)
-{
-    qsizetype fim = texto.size();
-    while (fim > 0 && texto.at(fim - 1) == QLatin1Char(' '))
-        --fim;
-    texto.truncate(fim);
-    return texto;
+    return sql.simplified().left(tamanho);
 }
 
-// Scaled integers (NUMERIC columns) reach the driver's text through a double, so 1000000.0000
-// arrives as "1e+06". Four decimals of a double's shortest text are exact for any amount a
-// store holds (below 10^11), so the value is written back as plain decimal text.
-constexpr int SqlTipoInt64 = 580;
-constexpr int SqlTipoLong = 496;
-constexpr int SqlTipoShort = 500;
-
-QVariant normalizado(const QVariant &valor, int tipo)
+// The table a statement writes (or, for a select, reads first): the one another station holds.
+QString tabelaDoComando(const QString &sql)
 {
-    if (valor.isNull())
-        return valor;
-    if (tipo == SqlTipoChar)
-        return semBrancosAFinal(valor.toString());
-    if ((tipo == SqlTipoInt64 || tipo == SqlTipoLong || tipo == SqlTipoShort) && valor.typeId() == QMetaType::QString) {
-        const QString texto = valor.toString();
-        if (texto.contains(QLatin1Char('e'), Qt::CaseInsensitive))
-            return Money::fromDouble(texto.toDouble()).toString();
-    }
-    return valor;
+    static const QRegularExpression escrita(
+        QStringLiteral("\\b(?:update\\s+or\\s+insert\\s+into|insert\\s+into|merge\\s+into|delete\\s+from|update)\\s+\"?([\\w$]+)"),
+        QRegularExpression::CaseInsensitiveOption);
+    static const QRegularExpression leitura(QStringLiteral("\\bfrom\\s+\"?([\\w$]+)"),
+                                            QRegularExpression::CaseInsensitiveOption);
+    QRegularExpressionMatch m = escrita.match(sql);
+    if (!m.hasMatch())
+        m = leitura.match(sql);
+    return m.hasMatch() ? m.captured(1).toUpper() : QString();
+}
+
+QString mensagemDaFalha(const Falha &falha, bool consulta, const QString &sql, const QString &database)
+{
+    if (falha.EsperaEsgotada())
+        return QStringLiteral("O registro de %1 está em uso em outra estação. Tente novamente em alguns instantes.")
+            .arg(tabelaDoComando(sql));
+    if (falha.ConexaoPerdida() && !consulta && falha.etapa >= Firebird::Etapa::Executar)
+        return QStringLiteral("A conexão com o banco de dados %1 caiu durante a gravação; confira se a alteração foi gravada: %2")
+            .arg(database, inicioDoComando(sql, 60));
+    return QStringLiteral("%1\n(banco de dados %2; comando: %3)").arg(falha.texto, database, inicioDoComando(sql, 80));
+}
+
+// Short, growing and jittered, so that two stations that collided do not collide again.
+void esperarAposConflito(int tentativa)
+{
+    QThread::msleep(unsigned(25 * tentativa + QRandomGenerator::global()->bounded(25)));
 }
 
 } // namespace
@@ -210,7 +136,16 @@ double TQCampo::AsFloat() const
 
 Money TQCampo::AsMoney() const
 {
-    return Money::parse(AsString().trimmed()).value_or(Money());
+    const QVariant v = Value();
+    const auto valor = v.typeId() == QMetaType::Double ? std::optional(Money::fromDouble(v.toDouble()))
+                                                      : Money::parse(AsString().trimmed());
+    if (valor && valor->CabeNaColuna())
+        return *valor;
+    // Never a wrapped or clipped amount: the value is refused and the read says so.
+    if (!v.isNull() && !AsString().trimmed().isEmpty())
+        qCWarning(lcSql).noquote() << QStringLiteral("O valor %1 da coluna %2 não é um valor em dinheiro válido.")
+                                          .arg(AsString(), m_query->FieldName(m_column));
+    return Money();
 }
 
 QDate TQCampo::AsDate() const
@@ -236,13 +171,13 @@ TConexaoSQL::TConexaoSQL(TDadosBanco banco) : m_banco(std::move(banco)) {}
 TConexaoSQL::~TConexaoSQL()
 {
     if (m_contagem > 0)
-        Pool::instancia().devolver(m_nome);
+        Pool::Instancia().Devolver(m_nome);
 }
 
 void TConexaoSQL::PegarDados(const TConexaoSQL &outra)
 {
     if (m_contagem > 0) {
-        Pool::instancia().devolver(m_nome);
+        Pool::Instancia().Devolver(m_nome);
         m_contagem = 0;
         m_nome.clear();
     }
@@ -252,9 +187,13 @@ void TConexaoSQL::PegarDados(const TConexaoSQL &outra)
 bool TConexaoSQL::Conectar()
 {
     if (m_contagem == 0) {
-        m_nome = Pool::instancia().obter(m_banco, &m_erro);
-        if (m_nome.isEmpty())
+        Falha falha;
+        m_nome = Pool::Instancia().Obter(m_banco, &falha);
+        if (m_nome.isEmpty()) {
+            m_erro = QStringLiteral("Não foi possível abrir o banco de dados %1: %2").arg(m_banco.database, falha.texto);
+            qCWarning(lcSql).noquote() << m_erro;
             return false;
+        }
     }
     ++m_contagem;
     return true;
@@ -265,7 +204,7 @@ void TConexaoSQL::Desconectar()
     if (m_contagem == 0)
         return;
     if (--m_contagem == 0) {
-        Pool::instancia().devolver(m_nome);
+        Pool::Instancia().Devolver(m_nome);
         m_nome.clear();
     }
 }
@@ -275,32 +214,39 @@ bool TConexaoSQL::executar(const QString &sql, std::unique_ptr<TQ> *result)
     qCDebug(lcSql).noquote() << sql;
     if (!Conectar())
         return false;
-    bool ok;
-    {
-        QSqlQuery query(QSqlDatabase::database(m_nome, false));
-        query.setForwardOnly(true);
-        query.setNumericalPrecisionPolicy(QSql::HighPrecision);
-        ok = query.exec(sql);
-        if (!ok) {
-            m_erro = query.lastError().text();
-            qCWarning(lcSql).noquote() << "falhou:" << m_erro;
-        } else if (result) {
-            const QSqlRecord record = query.record();
-            QStringList columns;
-            QVector<int> tipos(record.count());
-            for (int i = 0; i < record.count(); ++i) {
-                columns << record.fieldName(i);
-                tipos[i] = record.field(i).typeID() & ~1;   // the low bit flags nullable
-            }
-            QVector<QVector<QVariant>> rows;
-            while (query.next()) {
-                QVector<QVariant> row(record.count());
-                for (int i = 0; i < record.count(); ++i)
-                    row[i] = normalizado(query.value(i), tipos[i]);
-                rows.push_back(std::move(row));
-            }
-            *result = std::make_unique<TQ>(std::move(columns), std::move(rows));
+    Firebird::Resultado resultado;
+    Falha falha;
+    bool ok = false;
+    bool reanexou = false;
+    for (int conflitos = 0;;) {
+        Firebird::TAnexacao *anexacao = Pool::Instancia().Anexacao(m_nome);
+        resultado = {};
+        ok = (anexacao->Anexada() || Pool::Instancia().Reanexar(m_nome, &falha))
+             && anexacao->Iniciar({esperaTrava}, &falha) && anexacao->Executar(sql, &resultado, &falha)
+             && anexacao->Confirmar(&falha);
+        if (ok)
+            break;
+        anexacao->Desfazer();
+        if (falha.ConexaoPerdida())
+            anexacao->Desanexar();
+        // A write that reached the server may have been recorded: only a select or a statement
+        // that never ran is repeated.
+        const bool repetivel = falha.etapa < Firebird::Etapa::Executar || resultado.consulta;
+        if (falha.ConexaoPerdida() && repetivel && !reanexou) {
+            reanexou = true;
+            continue;
         }
+        if (falha.Conflito() && conflitos < TentativasEmConflito) {
+            esperarAposConflito(++conflitos);
+            continue;
+        }
+        break;
+    }
+    if (!ok) {
+        m_erro = mensagemDaFalha(falha, resultado.consulta, sql, m_banco.database);
+        qCWarning(lcSql).noquote() << "falhou:" << m_erro;
+    } else if (result) {
+        *result = std::make_unique<TQ>(std::move(resultado.colunas), std::move(resultado.linhas));
     }
     Desconectar();
     return ok;
@@ -345,10 +291,15 @@ qint64 TConexaoSQL::ProximoGenerator(const QString &generator, int passo)
 
 int TConexaoSQL::AnexacoesAbertas()
 {
-    return Pool::instancia().abertas();
+    return Pool::Instancia().Abertas();
 }
 
 void TConexaoSQL::FecharOciosas(const QString &database)
 {
-    Pool::instancia().fecharOciosas(database);
+    Pool::Instancia().FecharOciosas(database);
+}
+
+void TConexaoSQL::DefinirEsperaTrava(int segundos)
+{
+    esperaTrava = segundos;
 }

@@ -103,6 +103,8 @@ public:
     static int AnexacoesAbertas();
     // Closes the idle attachments to a database (or to all), e.g. before its file is copied.
     static void FecharOciosas(const QString &database = QString());
+    // How long a statement waits for a row another station holds before it gives up (10 s).
+    static void DefinirEsperaTrava(int segundos);
 
 private:
     bool executar(const QString &sql, std::unique_ptr<TQ> *result);

@@ -1,10 +1,15 @@
+#include "Firebird.h"
+#include "SincPorArq.h"
 #include "TConexD.h"
 #include "TestDatabase.h"
 #include "Valores.h"
 
+#include <QElapsedTimer>
 #include <QTcpServer>
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace {
 
@@ -99,6 +104,142 @@ TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWheth
     EXPECT_TRUE(TTerminalModoOper::ConectouServidor(endereco));
     servidor.close();
     EXPECT_FALSE(TTerminalModoOper::ConectouServidor(endereco));
+}
+
+TEST_F(ConexaoSQL, EveryColumnTypeArrivesExactlyAndAnAmountBeyondTheMoneyColumnsIsRefused)
+{
+    TConexaoSQL conexao(db.banco());
+    const auto q = conexao.Ab(QStringLiteral(
+        "select cast('99999999999999.9999' as numeric(18,4)) as maior, cast('-99999999999999.9999' as numeric(18,4)), "
+        "cast(12.50 as numeric(9,2)), cast(-3.5 as numeric(4,1)), cast(7 as bigint), cast(-5 as smallint), "
+        "cast(0.1 as double precision), cast('São ' as char(6)), cast('x ' as varchar(5)), cast(null as integer), "
+        "cast('2026-11-20' as date), cast('23:59:58.5' as time), cast('2026-11-20 10:30:15.25' as timestamp) "
+        "from RDB$DATABASE"));
+    ASSERT_TRUE(q && q->RecordCount() == 1) << conexao.UltimoErro().toStdString();
+    QStringList textos;
+    for (int i = 0; i < q->FieldCount(); ++i)
+        textos << q->Fields(i).AsString();
+    EXPECT_EQ(textos, (QStringList{"99999999999999.9999", "-99999999999999.9999", "12.5", "-3.5", "7", "-5", "0.1",
+                                   "São", "x ", "", "2026-11-20", "23:59:58.500", "2026-11-20 10:30:15"}));
+    EXPECT_EQ(q->FieldByName(QStringLiteral("MAIOR")).AsMoney().raw(), Money::MaxColunaRaw);
+    EXPECT_EQ(q->Fields(1).AsMoney().raw(), -Money::MaxColunaRaw);
+    EXPECT_TRUE(q->Fields(9).IsNull() && q->Fields(12).AsDateTime().time().msec() == 250);
+
+    for (const char *grande : {"100000000000000", "-922337203685477.5807"}) {
+        EXPECT_EQ(conexao.Ab(QStringLiteral("select cast('%1' as numeric(18,4)) as grande from RDB$DATABASE").arg(grande)), nullptr);
+        EXPECT_TRUE(conexao.UltimoErro().contains(QLatin1String("GRANDE")) && conexao.UltimoErro().contains(QLatin1String(grande)))
+            << conexao.UltimoErro().toStdString();
+    }
+    const auto d = conexao.Ab(QStringLiteral("select cast(1e15 as double precision) from RDB$DATABASE"));
+    ASSERT_TRUE(d);
+    EXPECT_EQ(d->Fields(0).AsMoney(), Money());
+
+    // A text blob longer than one segment, read whole (one literal holds at most 16383 characters).
+    const QString pedaco(8000, QChar(0x00E7));
+    ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, arq_xml) values "
+                                     "(1, 1, 1, '\"', cast('<nfe>' as blob sub_type text) || '%1' || '%1' || '%1' || '</nfe>')")
+                          .arg(pedaco)), QString());
+    const QString xml = QStringLiteral("<nfe>") + pedaco + pedaco + pedaco + QStringLiteral("</nfe>");
+    EXPECT_EQ(conexao.ValorStr(QStringLiteral("select arq_xml from compra")), xml);
+}
+
+// Another station's transaction holding a row, through the client layer itself.
+struct Retentor
+{
+    explicit Retentor(const TDadosBanco &banco, const QString &sql)
+    {
+        ok = anexacao.Anexar(banco, &falha) && anexacao.Iniciar({}, &falha) && anexacao.Executar(sql, nullptr, &falha);
+    }
+    Firebird::TAnexacao anexacao;
+    Firebird::Falha falha;
+    bool ok = false;
+};
+
+TEST_F(ConexaoSQL, ARowHeldElsewhereIsWaitedForBoundedNamedByTableAndAConflictIsTriedAgain)
+{
+    ASSERT_EQ(db.exec(QStringLiteral("insert into config (chave, valor) values ('K', 'a')")), QString());
+    TConexaoSQL::DefinirEsperaTrava(1);
+    const auto restaurar = qScopeGuard([] { TConexaoSQL::DefinirEsperaTrava(10); });
+    TConexaoSQL conexao(db.banco());
+    {
+        Retentor outra(db.banco(), QStringLiteral("update config set valor='b' where chave='K'"));
+        ASSERT_TRUE(outra.ok) << outra.falha.texto.toStdString();
+        for (const char *sql : {"update config set valor='c' where chave='K'", "DELETE FROM Config where chave='K'",
+                                "execute block as begin update or insert into config (chave, valor) values ('K', 'd') matching (chave); end"}) {
+            QElapsedTimer tempo;
+            tempo.start();
+            EXPECT_FALSE(conexao.Exec(QLatin1String(sql)));
+            EXPECT_LT(tempo.elapsed(), 5000);
+            EXPECT_EQ(conexao.UltimoErro(),
+                      QStringLiteral("O registro de CONFIG está em uso em outra estação. Tente novamente em alguns instantes."));
+        }
+    }
+    // The other station commits while this one waits: the update conflicts and goes through again.
+    TConexaoSQL::DefinirEsperaTrava(3);
+    Retentor outra(db.banco(), QStringLiteral("update config set valor='e' where chave='K'"));
+    ASSERT_TRUE(outra.ok);
+    std::thread confirma([&outra] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        outra.anexacao.Confirmar(&outra.falha);
+    });
+    EXPECT_TRUE(conexao.Exec(QStringLiteral("update config set valor=valor || 'f' where chave='K'"))) << conexao.UltimoErro().toStdString();
+    confirma.join();
+    EXPECT_EQ(conexao.ValorStr(QStringLiteral("select valor from config where chave='K'")), QStringLiteral("ef"));
+}
+
+TEST_F(ConexaoSQL, AnAttachmentKilledOnTheServerIsReplacedOnItsNextStatement)
+{
+    TConexaoSQL vitima(db.banco()), outra(db.banco());
+    ASSERT_TRUE(vitima.Conectar() && outra.Conectar());
+    const QString sqlId = QStringLiteral("select current_connection from RDB$DATABASE");
+    for (const char *proximo : {"select current_connection from RDB$DATABASE", "insert into config (chave) values ('Z')"}) {
+        const int id = vitima.ValorInt(sqlId);
+        const int abertas = TConexaoSQL::AnexacoesAbertas();
+        ASSERT_TRUE(outra.Exec(QStringLiteral("delete from mon$attachments where mon$attachment_id=%1").arg(id))) << outra.UltimoErro().toStdString();
+        EXPECT_TRUE(vitima.Exec(QLatin1String(proximo))) << vitima.UltimoErro().toStdString();
+        EXPECT_EQ(TConexaoSQL::AnexacoesAbertas(), abertas + 1);
+        EXPECT_NE(vitima.ValorInt(sqlId), id);
+    }
+
+    // Killed while running: the select is run again, the write is not (it may have been recorded).
+    const auto matarEm = [&](int id) {
+        return std::thread([id, banco = db.banco()] {
+            std::this_thread::sleep_for(std::chrono::milliseconds(200));
+            TConexaoSQL(banco).Exec(QStringLiteral("delete from mon$attachments where mon$attachment_id=%1").arg(id));
+        });
+    };
+    const QString demorada = QStringLiteral("select count(*) from rdb$types a, rdb$types b, (select first 60 1 as x from rdb$types) c");
+    std::thread matar = matarEm(vitima.ValorInt(sqlId));
+    EXPECT_GT(vitima.ValorInt(demorada), 0) << vitima.UltimoErro().toStdString();
+    matar.join();
+    matar = matarEm(vitima.ValorInt(sqlId));
+    EXPECT_FALSE(vitima.Exec(QStringLiteral("execute block as declare i integer = 0; begin while (i < 100000000) do i = i + 1; "
+                                            "insert into config (chave) values ('L'); end")));
+    matar.join();
+    EXPECT_TRUE(vitima.UltimoErro().startsWith(QStringLiteral("A conexão com o banco de dados %1 caiu durante a gravação; "
+                                                              "confira se a alteração foi gravada: execute block as").arg(db.caminho())))
+        << vitima.UltimoErro().toStdString();
+    EXPECT_EQ(vitima.ValorInt(QStringLiteral("select count(*) from config where chave='L'")), 0);
+    vitima.Desconectar();
+    outra.Desconectar();
+}
+
+TEST_F(ConexaoSQL, ANamedLockWaitsItsSecondsAndIsFreedByReleaseOrDestruction)
+{
+    auto primeira = SincPorArq_Create(QStringLiteral("Retag Compra Baixa 1"), QStringLiteral("baixa"), QStringLiteral("TRepF"), 1, false);
+    auto segunda = SincPorArq_Create(QStringLiteral("Retag Compra Baixa 1"), QStringLiteral("baixa"), QStringLiteral("TRepF"), 1, false);
+    auto outroNome = SincPorArq_Create(QStringLiteral("Retag Compra Baixa 2"), QString(), QString(), 1, false);
+    ASSERT_TRUE(primeira->Adquirir()) << primeira->UltimoErro().toStdString();
+    EXPECT_TRUE(outroNome->Adquirir()) << outroNome->UltimoErro().toStdString();
+    QElapsedTimer tempo;
+    tempo.start();
+    EXPECT_FALSE(segunda->Adquirir());
+    EXPECT_TRUE(tempo.elapsed() >= 950 && tempo.elapsed() < 1500) << tempo.elapsed();
+    EXPECT_TRUE(segunda->UltimoErro().contains(QLatin1String("Retag Compra Baixa 1"))) << segunda->UltimoErro().toStdString();
+    primeira->Liberar();
+    EXPECT_TRUE(segunda->Adquirir()) << segunda->UltimoErro().toStdString();
+    segunda.reset();
+    EXPECT_TRUE(primeira->Adquirir()) << primeira->UltimoErro().toStdString();
 }
 
 } // namespace
