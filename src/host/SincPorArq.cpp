@@ -15,17 +15,18 @@ TSincPorArq::TSincPorArq(const QString &nome, const QString &texto, const QStrin
 
 bool TSincPorArq::garantirLinha()
 {
-    // Inserted only when missing: an update here would wait for the holder itself.
+    // Looked up first: an insert over a row held by another process would wait for it.
     TConexaoSQL conexao(m_banco);
-    const QString existe = QStringLiteral("select count(*) from sinc_trava where nome=") + QuotedStr(m_nome);
-    if (conexao.ValorInt(existe, -1) > 0)
+    if (conexao.ValorInt(QStringLiteral("select count(*) from sinc_trava where nome=") + QuotedStr(m_nome), -1) > 0)
         return true;
     if (conexao.UltimoErro().contains(QLatin1String("SINC_TRAVA"), Qt::CaseInsensitive))
         conexao.Exec(QStringLiteral("create table sinc_trava (nome varchar(100) not null primary key, "
                                     "texto varchar(500), classe varchar(60), estacao integer, adquirido timestamp)"));
     // Another process may insert the same row meanwhile; what matters is that it exists.
-    conexao.Exec(QStringLiteral("insert into sinc_trava (nome) values (%1)").arg(QuotedStr(m_nome)));
-    if (conexao.ValorInt(existe, -1) > 0)
+    if (conexao.Exec(QStringLiteral("execute block as begin\n"
+                                    "  insert into sinc_trava (nome) values (%1);\n"
+                                    "  when gdscode unique_key_violation do begin end\n"
+                                    "end").arg(QuotedStr(m_nome))))
         return true;
     m_erro = QStringLiteral("Não foi possível criar a trava %1: %2").arg(m_nome, conexao.UltimoErro());
     return false;
@@ -36,6 +37,7 @@ bool TSincPorArq::Adquirir()
     if (Adquirida())
         return true;
     m_erro.clear();
+    m_emUso = false;
     if (!garantirLinha())
         return false;
     Firebird::Falha falha;
@@ -63,8 +65,8 @@ bool TSincPorArq::Adquirir()
             QThread::msleep(50);
     }
     m_anexacao.Desanexar();
-    m_erro = falha.EsperaEsgotada() || falha.Conflito()
-                 ? QStringLiteral("A trava %1 está em uso em outra estação.").arg(m_nome)
+    m_emUso = falha.EsperaEsgotada() || falha.Conflito();
+    m_erro = m_emUso ? QStringLiteral("A trava %1 está em uso em outra estação.").arg(m_nome)
                  : QStringLiteral("Não foi possível obter a trava %1: %2").arg(m_nome, falha.texto);
     return false;
 }

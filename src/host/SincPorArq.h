@@ -21,6 +21,8 @@ public:
     bool Adquirir();
     void Liberar();
     bool Adquirida() const { return m_anexacao.EmTransacao(); }
+    // The last Adquirir failed only because another holder kept the lock.
+    bool EmUso() const { return m_emUso; }
     QString UltimoErro() const { return m_erro; }
 
 private:
@@ -31,6 +33,7 @@ private:
     TDadosBanco m_banco;
     Firebird::TAnexacao m_anexacao;
     QString m_erro;
+    bool m_emUso = false;
 };
 
 // The lock on the context's database. `flag` is kept for the callers' sake and changes nothing.

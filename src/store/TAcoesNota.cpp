@@ -3,6 +3,7 @@
 #include "Debug.h"
 #include "Dialogos.h"
 #include "ErroBanco.h"
+#include "SincPorArq.h"
 #include "TBaixaNota.h"
 #include "TConexD.h"
 #include "TRepGates.h"
@@ -41,6 +42,21 @@ bool PodeAgirSobreNota(TDataSetState cabecState, TDataSetState itemState, const 
     return true;
 }
 
+// Posting and unposting of one note run at one workstation at a time: the note's lock is shared by
+// every process on the database. nullptr, with the message shown, when it cannot be taken.
+std::unique_ptr<TSincPorArq> TravarNota(const TChaveNota &chave)
+{
+    auto trava = SincPorArq_Create(QStringLiteral("Retag Compra Baixa %1-%2-%3").arg(chave.emprCod).arg(chave.estacaoCod).arg(chave.compraCod),
+                                   QStringLiteral("Baixa da nota ") + chave.DocStr(), QStringLiteral("TAcoesNota"), 2, false);
+    if (trava->Adquirir())
+        return trava;
+    MensagemErro(trava->EmUso() ? QStringLiteral("A nota %1 está sendo baixada ou desbaixada em outra estação. "
+                                                 "Nada foi feito; tente de novo em alguns instantes.")
+                                      .arg(chave.DocStr())
+                                : trava->UltimoErro());
+    return nullptr;
+}
+
 } // namespace
 
 TAcoesNota::TAcoesNota(TConexaoSQL &conexao) : m_conexao(conexao), m_docAceito([] { return true; }) {}
@@ -63,6 +79,15 @@ bool TAcoesNota::BaixouNota(const std::optional<TNotaLinha> &linha, bool silenci
     TRepGates gates(m_conexao);
     if (!gates.TotItensAceito(nota.chave, nota.tipoCod, m_somarIPI) || !gates.TotDosItensAceito(nota.chave, nota.tipoCod))
         return false;
+    const auto trava = TravarNota(nota.chave);
+    if (!trava)
+        return false;
+    // Another workstation may have posted it since the list was read.
+    if (TBaixaNota::BaixadoNoBanco(m_conexao, nota.chave).value_or(false)) {
+        if (!silencioso)
+            MensagemInfo(QStringLiteral("Esta nota já foi baixada"));
+        return false;
+    }
     return TBaixaNota(m_conexao).BaixarNota(nota, m_somarIPI);
 }
 
@@ -118,6 +143,14 @@ bool TAcoesNota::DesbaixarActExecute(const std::optional<TNotaLinha> &linha, TDa
     }
     if (!Pergunta(QStringLiteral("Deseja desbaixar o documento ") + nota.chave.DocStr()))
         return false;
+    const auto trava = TravarNota(nota.chave);
+    if (!trava)
+        return false;
+    // Another workstation may have unposted it while the question was open.
+    if (!TBaixaNota::BaixadoNoBanco(m_conexao, nota.chave).value_or(true) && TBaixaNota::MovimentosLigados(m_conexao, nota.chave) == 0) {
+        MensagemErro(QStringLiteral("A nota não foi baixada. Não precisa ser desbaixada"));
+        return false;
+    }
     try {
         DesbaixarCompra(nota.chave.emprCod, nota.chave.compraCod, TConexD::Conexao().GetDatabase());
     } catch (const EErroBanco &e) {

@@ -156,6 +156,16 @@ int TBaixaNota::MovimentosLigados(TConexaoSQL &conexao, const TChaveNota &chave)
                             -1);
 }
 
+std::optional<bool> TBaixaNota::BaixadoNoBanco(TConexaoSQL &conexao, const TChaveNota &chave)
+{
+    const auto q = conexao.Ab(QLatin1String("select baixado from compra where empr_cod=") + Int(chave.emprCod)
+                              + QLatin1String(" and estacao_cod=") + Int(chave.estacaoCod)
+                              + QLatin1String(" and compra_cod=") + Int(chave.compraCod));
+    if (!q || q->IsEmpty())
+        return std::nullopt;
+    return q->Fields(0).AsBoolean();
+}
+
 namespace {
 
 // The items in order: each one's movement, inputs, texts, taxes, and the costs and prices the

@@ -6,6 +6,8 @@
 
 #include <QString>
 
+#include <optional>
+
 class TConexaoSQL;
 
 // One staged item as posting uses it.
@@ -60,6 +62,8 @@ public:
     // How many movements are linked to the note in compra_est_mov; -1 when they cannot be
     // counted. A note not marked posted that has some was interrupted part-way.
     static int MovimentosLigados(TConexaoSQL &conexao, const TChaveNota &chave);
+    // The note's posted flag as the database has it now; nullopt when it cannot be read.
+    static std::optional<bool> BaixadoNoBanco(TConexaoSQL &conexao, const TChaveNota &chave);
     // The advice for a note whose posting stopped after some of its movements were written.
     static const QString AvisoBaixaInterrompida;
 

@@ -11,6 +11,15 @@ from compra where empr_cod=1 and compra_cod=1 and estacao_cod=10
 ;
 select qtd_embs, emb_qtd from compra_item_tmp where empr_cod=1 and compra_cod=1 and estacao_cod=10 order by compra_item_tmp_cod
 ;
+select count(*) from sinc_trava where nome='Retag Compra Baixa 1-10-1'
+;
+execute block as begin
+  insert into sinc_trava (nome) values ('Retag Compra Baixa 1-10-1');
+  when gdscode unique_key_violation do begin end
+end
+;
+select baixado from compra where empr_cod=1 and estacao_cod=10 and compra_cod=1
+;
 select count(*) from compra_est_mov where empr_cod=1 and estacao_cod=10 and compra_cod=1
 ;
 select count(*) from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=1 and compra_item_tmp.estacao_cod=10
@@ -98,6 +107,15 @@ from compra where empr_cod=1 and compra_cod=2 and estacao_cod=1
 ;
 select qtd_embs, emb_qtd from compra_item_tmp where empr_cod=1 and compra_cod=2 and estacao_cod=10 order by compra_item_tmp_cod
 ;
+select count(*) from sinc_trava where nome='Retag Compra Baixa 1-1-2'
+;
+execute block as begin
+  insert into sinc_trava (nome) values ('Retag Compra Baixa 1-1-2');
+  when gdscode unique_key_violation do begin end
+end
+;
+select baixado from compra where empr_cod=1 and estacao_cod=1 and compra_cod=2
+;
 select count(*) from compra_est_mov where empr_cod=1 and estacao_cod=1 and compra_cod=2
 ;
 select count(*) from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=2 and compra_item_tmp.estacao_cod=1
@@ -127,6 +145,10 @@ update est_mov set icms_val=0, trib_cod=(select trib_cod from prod where prod.pr
 update compra set baixado='S' where empr_cod=1 and compra_cod=2 and estacao_cod=1
 ;
 -- unpost
+;
+select count(*) from sinc_trava where nome='Retag Compra Baixa 1-10-1'
+;
+select baixado from compra where empr_cod=1 and estacao_cod=10 and compra_cod=1
 ;
 select est_mov_empr_cod, est_mov_estacao_cod, est_mov_cod from compra_est_mov where empr_cod=1 and compra_cod=1
 ;

@@ -1,6 +1,7 @@
 #include "Contexto.h"
 #include "DialogosTeste.h"
 #include "NotasTeste.h"
+#include "SincPorArq.h"
 #include "TAcoesNota.h"
 #include "TRepD.h"
 
@@ -110,6 +111,25 @@ TEST_F(AcoesNota, RastroNivel80BaixarPassaPelasConferenciasEAsRecusasDeDesbaixar
             EXPECT_TRUE(dialogos.Mensagens().isEmpty());
         EXPECT_EQ(RegistroSql::ComInicio(QStringLiteral("select")), RegistroSql::Sql());
     }
+}
+
+// Another workstation holds the note, or posted it after this one read the list: nothing is written.
+TEST_F(AcoesNota, NotaEmOutraEstacao)
+{
+    Preparar({.compra = 31, .itens = {}});
+    const auto outra = SincPorArq_Create(QStringLiteral("Retag Compra Baixa 1-1-31"), QStringLiteral("outra"),
+                                         QStringLiteral("teste"), 0, false);
+    ASSERT_TRUE(outra->Adquirir()) << outra->UltimoErro().toStdString();
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
+              QStringLiteral("A nota 001-0000031 está sendo baixada ou desbaixada em outra estação. "
+                             "Nada foi feito; tente de novo em alguns instantes."));
+    outra->Liberar();
+    ASSERT_EQ(db.exec(QStringLiteral("update compra set baixado='S' where compra_cod=31")), QString());
+    dialogos.Limpar();
+    EXPECT_FALSE(acoes.BaixouNota(repD.NotaAtual(), false));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), QStringLiteral("Esta nota já foi baixada"));
+    EXPECT_EQ(Valor("select count(*) from est_mov"), QLatin1String("0"));
 }
 
 } // namespace
