@@ -74,6 +74,24 @@ TEST_F(BaixaNota, QuantidadeECustoDeCadaItem)
     EXPECT_TRUE(dialogos.Mensagens().isEmpty());
 }
 
+// Stored texts may hold any character (a supplier's XML, a paste): posting carries them to the
+// movement whole, only the NUL left out, and never sends a statement cut short.
+TEST_F(BaixaNota, TextosComControlesEDoTamanhoDaColunaChegamAoMovimento)
+{
+    const QString longo = QString::fromUtf8("\xF0\x9F\x93\xA6").repeated(1000) + QString::fromUtf8("ção' ").repeated(200);
+    Preparar({.compra = 1, .itens = {Item(1, 1, "1", "10"), Item(2, 2, "1", "10")}});
+    ASSERT_EQ(db.exec(QStringLiteral("update compra_item_tmp set info_adic='a' || ascii_char(0) || 'b' || ascii_char(9) "
+                                     "|| 'c' || ascii_char(13) || ascii_char(10) || 'd''e' where compra_item_tmp_cod=1")), QString());
+    ASSERT_EQ(db.exec(QStringLiteral("update compra_item_tmp set info_adic=") + QuotedStr(longo)
+                      + QStringLiteral(" where compra_item_tmp_cod=2")), QString());
+    ASSERT_TRUE(Baixar());
+    const auto q = db.conexao().Ab(QStringLiteral("select info_adic from est_mov order by est_mov_cod"));
+    ASSERT_TRUE(q && q->RecordCount() == 2);
+    EXPECT_EQ(q->Fields(0).AsString(), QStringLiteral("ab\tc\r\nd'e"));
+    q->Next();
+    EXPECT_EQ(q->Fields(0).AsString(), longo);
+}
+
 TEST_F(BaixaNota, CompraCriaUmCustoETresPrecosEmOrdemDeTabelaSoDaEstacaoDosPrecos)
 {
     // Staged out of order at the prices' station: the movement takes the lowest table's price,
