@@ -168,6 +168,33 @@ std::optional<bool> TBaixaNota::BaixadoNoBanco(TConexaoSQL &conexao, const TChav
 
 namespace {
 
+QString NoItem(int contador, int prodCod)
+{
+    return QStringLiteral("no item %1 (produto %2)").arg(contador).arg(prodCod);
+}
+
+// A quantity or unit cost the money columns cannot hold, found before the first movement is
+// written; empty when every item fits. `onde` names the item.
+QString ValorForaDaColuna(TQ &itens, bool somarIPI, QString &onde)
+{
+    const TColunasItem colunas(itens);
+    int contador = 1;
+    for (itens.First(); !itens.Eof(); itens.Next(), ++contador) {
+        const TItemBaixa item = colunas.Ler(itens);
+        const double qtd = TBaixaNota::QtdDoItem(item.embQtd, item.qtdEmbs);
+        const Money custo =
+            TBaixaNota::CustoDoItem(item.custoTot, item.trib.outras, item.desconto, qtd, item.trib.vIPI, somarIPI);
+        const QString valor = !Money::fromDouble(qtd).CabeNaColuna() ? QStringLiteral("A quantidade %1").arg(qtd, 0, 'f', 4)
+                              : !custo.CabeNaColuna()                 ? QStringLiteral("O custo unitário ") + FloatToStrPonto(custo)
+                                                                      : QString();
+        if (!valor.isEmpty()) {
+            onde = NoItem(contador, item.prodCod);
+            return valor + QStringLiteral(" não cabe no banco de dados.");
+        }
+    }
+    return {};
+}
+
 // The items in order: each one's movement, inputs, texts, taxes, and the costs and prices the
 // type asks for. `custeados` collects the products whose cost was created; `onde` says which
 // item is being handled and `lancados` counts the movements written, for the message of a failure.
@@ -189,7 +216,7 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
         if (contador % PassoProgresso == 0)
             TProgresso::Janela().PegarAtual(contador);
         const TItemBaixa item = colunas.Ler(itens);
-        onde = QStringLiteral("no item %1 (produto %2)").arg(contador).arg(item.prodCod);
+        onde = NoItem(contador, item.prodCod);
         const auto precos = AbOuErro(conexao, TBaixaNota::SQLPrecosDeUmItem(nota, item.itemCod),
                                      QStringLiteral("ler os preços do item"));
         const double qtd = TBaixaNota::QtdDoItem(item.embQtd, item.qtdEmbs);
@@ -288,6 +315,8 @@ bool TBaixaNota::BaixarNota(const TNotaLinha &nota, bool somarIPI)
                                   : parou + QStringLiteral("\nNada foi lançado no estoque; a nota continua não baixada."));
         return false;
     };
+    if (const QString foraDaColuna = ValorForaDaColuna(*itens, somarIPI, onde); !foraDaColuna.isEmpty())
+        return falhou(foraDaColuna);
     try {
         BaixarItens(m_conexao, nota, *itens, somarIPI, criaCustos, custeados, rastro, onde, lancados);
         onde = QStringLiteral("ao enviar os custos alterados");

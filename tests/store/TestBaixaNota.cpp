@@ -92,6 +92,16 @@ TEST_F(BaixaNota, TextosComControlesEDoTamanhoDaColunaChegamAoMovimento)
     EXPECT_EQ(q->Fields(0).AsString(), longo);
 }
 
+TEST_F(BaixaNota, CustoQueNaoCabeNaColunaERecusadoAntesDeTudo)
+{
+    Preparar({.compra = 1, .itens = {Item(1, 1, "1", "0"), Item(2, 2, "0.001", "99999999999999.9999")}});
+    EXPECT_FALSE(Baixar());
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro),
+              QStringLiteral("A baixa da nota 001-0000001 parou no item 2 (produto 2).\nO custo unitário "
+                             "922337203685477.5807 não cabe no banco de dados.\nNada foi lançado no estoque; a nota continua não baixada."));
+    EXPECT_EQ(Conta("est_mov"), 0);
+}
+
 TEST_F(BaixaNota, CompraCriaUmCustoETresPrecosEmOrdemDeTabelaSoDaEstacaoDosPrecos)
 {
     // Staged out of order at the prices' station: the movement takes the lowest table's price,
