@@ -14,15 +14,7 @@ protected:
     void SetUp() override
     {
         ASSERT_TRUE(db.ok()) << db.erro().toStdString();
-        NotaTeste n;
-        n.compra = 4;
-        n.destin = 2;
-        ItemTeste i;
-        i.prod = 2;
-        i.qtdEmbs = QStringLiteral("3");
-        i.custoTot = QStringLiteral("15");
-        n.itens = {i};
-        ASSERT_EQ(InserirNota(db, n), QString());
+        ASSERT_EQ(InserirNota(db, {.compra = 4, .destin = 2, .itens = {Item(1, 2, "3", "15")}}), QString());
     }
 
     int Rodar(const QStringList &argumentos)
@@ -63,10 +55,7 @@ TEST_F(ComandosNota, UsoErradoBaixarEnviarDesbaixar)
 TEST_F(ComandosNota, CancelarNotaInexistenteOuAmbigua)
 {
     EXPECT_EQ(Rodou("post 001-0000099"), "1|pavrel post: nota 001-0000099 não encontrada\n");
-    NotaTeste outra;
-    outra.estacao = 2;
-    outra.compra = 4;
-    ASSERT_EQ(InserirNota(db, outra), QString());
+    ASSERT_EQ(InserirNota(db, {.estacao = 2, .compra = 4, .itens = {}}), QString());
     EXPECT_TRUE(Rodou("cancel 1-4 --yes").startsWith("1|")) << erros.toStdString();
     EXPECT_TRUE(erros.contains(QLatin1String("1-1-4, 1-2-4"))) << erros.toStdString();
     EXPECT_TRUE(Rodou("cancel 1-2-4").startsWith("1|"));
@@ -100,11 +89,8 @@ TEST_F(ComandosNota, NotesMostraUmaLinhaPorNotaERecusaDatasEArgumentosSemSentido
 TEST_F(ComandosNota, LeSoANotaPedidaPelaChave)
 {
     // Many other notes: the command must not read them to find its own.
-    for (int compra = 10; compra < 13; ++compra) {
-        NotaTeste outra;
-        outra.compra = compra;
-        ASSERT_EQ(InserirNota(db, outra), QString());
-    }
+    for (int compra = 10; compra < 13; ++compra)
+        ASSERT_EQ(InserirNota(db, {.compra = compra, .itens = {}}), QString());
     RegistroSql registro;
     ASSERT_EQ(Rodar({QStringLiteral("post"), QStringLiteral("001-0000004")}), 0) << erros.toStdString();
     const QRegularExpression chave(QStringLiteral("compra_cod=4\\b"), QRegularExpression::CaseInsensitiveOption);

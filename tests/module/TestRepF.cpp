@@ -47,12 +47,8 @@ TEST_F(RepF, AnEmptyDatabaseAndNoFiscalPrinterStillOpenAndCloseWithoutAsking)
 
 TEST_F(RepF, BrowsingTypingAHeaderAndClosing)
 {
-    NotaTeste n;
-    n.baixado = true;
-    ASSERT_EQ(InserirNota(db, n), QString());
-    n.compra = 2;
-    n.baixado = false;
-    ASSERT_EQ(InserirNota(db, n), QString());
+    for (const int compra : {1, 2})
+        ASSERT_EQ(InserirNota(db, {.compra = compra, .baixado = compra == 1, .itens = {}}), QString());
     auto tela = AbrirTela();
     TClientDataSet &notas = tela->RepD().Notas();
     QTableView *lista = tela->findChild<QTableView *>(QStringLiteral("NotasDBGrid"));

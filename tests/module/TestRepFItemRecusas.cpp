@@ -3,17 +3,10 @@
 
 namespace {
 
-struct Recusa
-{
-    const char *nome;
-    int tipoIndice;
-    const char *busca;      // the product searched first; empty for none
-    std::function<void(TItemPanel *, TEdNotaPanel *)> defeito;   // none: `texto` typed in `campo`, then left
-    TipoMensagem tipo;
-    const char *mensagem;
-    const char *campo;      // where the focus is left
-    const char *texto = nullptr;
-};
+// busca: the product searched first, empty for none; without `defeito`, `texto` is typed in `campo`
+// and left; `campo` is where the focus is left.
+struct Recusa { const char *nome; int tipoIndice; const char *busca; std::function<void(TItemPanel *, TEdNotaPanel *)> defeito;
+                TipoMensagem tipo; const char *mensagem, *campo, *texto = nullptr; };
 
 const auto E = TipoMensagem::Erro;
 const auto I = TipoMensagem::Info;
@@ -144,13 +137,8 @@ TEST_F(ItemEntrada, SearchesHeadersDeletionsAndGrades)
 TEST_F(ItemEntrada, AStoredNotesItemIsDeletedAtOnceUnlessTheNoteIsPosted)
 {
     for (int compra : {7, 8}) {
-        NotaTeste n;
-        n.compra = compra;
-        n.baixado = compra == 7;
-        n.itens = {ItemTeste(), ItemTeste()};
-        n.itens[0].cod = compra * 100 + 1;
-        n.itens[1].cod = compra * 100 + 2;
-        n.itens[1].prod = 2;
+        const NotaTeste n{.compra = compra, .baixado = compra == 7,
+                          .itens = {Item(compra * 100 + 1, 1, "1", "10"), Item(compra * 100 + 2, 2, "1", "10")}};
         ASSERT_EQ(InserirNota(db, n), QString());
     }
     // Items are listed with their unit.

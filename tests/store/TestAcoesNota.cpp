@@ -19,8 +19,7 @@ protected:
     // Writes the note, by default with one item of 5 packages of product 2 costing 25, and shows it current.
     void Preparar(NotaTeste n)
     {
-        ItemTeste item; item.cod = n.compra; item.prod = 2; item.qtdEmbs = "5"; item.custoTot = "25";
-        if (n.itens.isEmpty()) n.itens << item;
+        if (n.itens.isEmpty()) n.itens << Item(n.compra, 2, "5", "25");
         ASSERT_EQ(InserirNota(db, n), QString());
         TFiltroNotas todas; todas.considerarDatas = false; todas.canceladosIndice = 0; todas.origemIndice = 0;
         ASSERT_TRUE(repD.CarregarNotas(todas));

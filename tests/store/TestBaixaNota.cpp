@@ -12,11 +12,6 @@
 
 namespace {
 
-ItemTeste Item(int cod, int prod, const char *qtdEmbs, const char *custoTot, QList<QPair<int, QString>> precos = {})
-{
-    return {.cod = cod, .prod = prod, .qtdEmbs = qtdEmbs, .custoTot = custoTot, .infoAdic = {}, .precos = std::move(precos)};
-}
-
 class BaixaNota : public ::testing::Test
 {
 protected:

@@ -30,30 +30,11 @@ TEST(DeclaracoesAcoes, MesmosTextosNaMesmaOrdem)
     Contexto::Atual().DefinirRelogio([] { return QDateTime(QDate(2026, 11, 20), QTime(10, 30)); });
     DialogosTeste dialogos;
 
-    const auto item = [](int cod, int prod, const char *qtdEmbs, const char *custoTot) {
-        ItemTeste i;
-        i.cod = cod;
-        i.prod = prod;
-        i.qtdEmbs = QLatin1String(qtdEmbs);
-        i.custoTot = QLatin1String(custoTot);
-        return i;
-    };
-    NotaTeste entrada;
-    entrada.estacao = 10;
-    entrada.itens = {item(1, 1, "2", "20"), item(2, 3, "1", "30.5")};
+    NotaTeste entrada{.estacao = 10, .itens = {Item(1, 1, "2", "20", {{1, "15"}, {2, "14"}}), Item(2, 3, "1", "30.5")}};
     entrada.itens[0].infoAdic = QStringLiteral("lote d'água");
-    entrada.itens[0].precos = {{1, QStringLiteral("15")}, {2, QStringLiteral("14")}};
     entrada.itens[1].vipi = QStringLiteral("1.2");
-    NotaTeste producao;
-    producao.compra = 2;
-    producao.tipo = 37;
-    producao.itens = {item(3, 2, "3", "9")};
-    NotaTeste remessa;
-    remessa.compra = 3;
-    remessa.tipo = 36;
-    remessa.destin = 2;
-    remessa.baixado = true;
-    remessa.itens = {item(4, 1, "1", "10")};
+    const NotaTeste producao{.compra = 2, .tipo = 37, .itens = {Item(3, 2, "3", "9")}};
+    const NotaTeste remessa{.compra = 3, .tipo = 36, .destin = 2, .baixado = true, .itens = {Item(4, 1, "1", "10")}};
     for (const NotaTeste &n : {entrada, producao, remessa})
         ASSERT_EQ(InserirNota(db, n), QString());
     // A production note takes the items' total as its own.
@@ -62,8 +43,7 @@ TEST(DeclaracoesAcoes, MesmosTextosNaMesmaOrdem)
     TRepD repD(db.conexao());
     TFiltroNotas todas;
     todas.considerarDatas = false;
-    todas.canceladosIndice = 0;
-    todas.origemIndice = 0;
+    todas.canceladosIndice = todas.origemIndice = 0;
     TAcoesNota acoes(db.conexao());
 
     QStringList enviadas;

@@ -29,6 +29,11 @@ struct ItemTeste
     QList<QPair<int, QString>> precos;   // table, price; written under station 10
 };
 
+inline ItemTeste Item(int cod, int prod, const char *qtdEmbs, const char *custoTot, QList<QPair<int, QString>> precos = {})
+{
+    return {.cod = cod, .prod = prod, .qtdEmbs = qtdEmbs, .custoTot = custoTot, .infoAdic = {}, .precos = std::move(precos)};
+}
+
 struct NotaTeste
 {
     int empr = 1;
