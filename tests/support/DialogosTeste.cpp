@@ -43,9 +43,6 @@ bool DialogosTeste::Perguntar(TipoPergunta tipo, const QString &texto)
 
 QString DialogosTeste::SelecionarArquivo(const QString &, const QString &, const QString &, bool)
 {
-    if (m_arquivos.isEmpty()) {
-        ADD_FAILURE() << "unscripted file choice";
-        return {};
-    }
-    return m_arquivos.takeFirst();
+    ADD_FAILURE() << "unscripted file choice";
+    return {};
 }

@@ -27,7 +27,6 @@ public:
 
     // Answers, in order, for the questions to come.
     void Responder(bool resposta) { m_respostas << resposta; }
-    void ResponderArquivo(const QString &arquivo) { m_arquivos << arquivo; }
 
     const QList<Registro> &Mensagens() const { return m_mensagens; }
     const QList<Questao> &Perguntas() const { return m_perguntas; }
@@ -44,5 +43,4 @@ private:
     QList<Registro> m_mensagens;
     QList<Questao> m_perguntas;
     QList<bool> m_respostas;
-    QList<QString> m_arquivos;
 };

@@ -5,7 +5,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <algorithm>
 #include <functional>
 
 // The statements sent to the database while it lives, exactly as the connection logs them.
@@ -37,10 +36,6 @@ public:
     }
     // Called with each statement as it is sent (benchmarks time against it).
     static void AoRegistrar(std::function<void(const QString &)> ao) { s_ao = std::move(ao); }
-    static bool Enviou(const QString &trecho)
-    {
-        return std::any_of(s_sql.cbegin(), s_sql.cend(), [&](const QString &s) { return s.contains(trecho); });
-    }
 
 private:
     static void Handler(QtMsgType tipo, const QMessageLogContext &ctx, const QString &msg)

@@ -16,20 +16,11 @@ QString fixtureBase()
     return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
 }
 
-QString dadosDe(TestDatabase::Conteudo conteudo)
-{
-    if (conteudo == TestDatabase::Conteudo::FixtureBase)
-        return fixtureBase();
-    if (conteudo == TestDatabase::Conteudo::Demo)
-        return Database::Script(QStringLiteral("demo"));
-    return {};
-}
-
 // Made once and shared by every test process; renamed into place so that a half-made template
 // is never copied.
 QString modelo(TestDatabase::Conteudo conteudo, QString *erro)
 {
-    const QString dados = dadosDe(conteudo);
+    const QString dados = conteudo == TestDatabase::Conteudo::FixtureBase ? fixtureBase() : QString();
     const QByteArray hash = QCryptographicHash::hash((Database::Script(QStringLiteral("schema")) + dados).toUtf8(),
                                                      QCryptographicHash::Sha1).toHex().left(12);
     const QString caminho = QDir::tempPath() + QStringLiteral("/pavrel-test-%1.fdb").arg(QString::fromLatin1(hash));

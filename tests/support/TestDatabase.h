@@ -14,7 +14,7 @@
 class TestDatabase final
 {
 public:
-    enum class Conteudo { SoEsquema, FixtureBase, Demo };
+    enum class Conteudo { SoEsquema, FixtureBase };
 
     explicit TestDatabase(Conteudo conteudo = Conteudo::FixtureBase);
     ~TestDatabase();
