@@ -110,14 +110,9 @@ TEST_F(RepFCabec, WithoutCompaniesTheHostsCompanyOwnsTheNote)
     }
 }
 
-struct Recusa
-{
-    const char *nome;
-    std::function<void(TEdNotaPanel *)> defeito;
-    TipoMensagem tipo = TipoMensagem::Erro;
-    const char *mensagem = nullptr;   // nullptr: accepted
-    const char *campo = nullptr;
-};
+// mensagem nullptr: accepted.
+struct Recusa { const char *nome; std::function<void(TEdNotaPanel *)> defeito; TipoMensagem tipo = TipoMensagem::Erro;
+                const char *mensagem = nullptr, *campo = nullptr; };
 
 class RepFCabecRecusa : public RepFCabec, public ::testing::WithParamInterface<Recusa>
 {

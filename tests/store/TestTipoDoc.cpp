@@ -9,15 +9,7 @@ using namespace TipoDoc;
 
 namespace {
 
-struct Linha
-{
-    int indice;
-    int codigo;
-    char caractere;
-    const char *texto;
-    const char *nomeCurto;
-    int docTipo;
-};
+struct Linha { int indice, codigo; char caractere; const char *texto, *nomeCurto; int docTipo; };
 
 // The combo order: 41 comes before 39, and code 40 is not used.
 constexpr Linha Tipos[] = {
@@ -77,12 +69,7 @@ TEST(TipoDoc, RulesApplyToTheirTypes)
 {
     using Regra = bool TTipoDoc::*;
     const QSet<int> todos = {34, 35, 36, 37, 38, 39, 41};
-    const struct
-    {
-        const char *nome;
-        Regra regra;
-        QSet<int> codigos;
-    } regras[] = {
+    const struct { const char *nome; Regra regra; QSet<int> codigos; } regras[] = {
         {"supplier required", &TTipoDoc::exigeFornecedor, todos - QSet<int>{39}},
         {"natureza required (also 38 and 41)", &TTipoDoc::exigeNatOp, todos - QSet<int>{34}},
         {"item NCM required", &TTipoDoc::exigeNCMItem, todos - QSet<int>{34, 37}},
