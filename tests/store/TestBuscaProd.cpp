@@ -21,13 +21,11 @@ protected:
 TEST_F(BuscaProdDB, FindsInTheDocumentedOrderWithTheseStatements)
 {
     // Bar codes made of digits that, taken as a product code, would name another product.
-    for (const char *barras : {"0000001", "00000001", "00000000000000000002"})
+    for (const char *barras : {"0000001", "00000001"})
         Exec(("insert into prod_barras (bar_cod, prod_cod) values ('" + std::string(barras) + "', 3)").c_str());
     const struct { const char *nome, *texto; int modo; const char *achado; } casos[] = {
         {"seven digits are a code", "0000001", 0, "1 11010010 PRODUTO UM"},
         {"eight digits never a code", "00000001", 0, "3 19059090 PRODUTO TRES COMPOSTO"},
-        {"twenty digits never a code", "00000000000000000002", 0, "3 19059090 PRODUTO TRES COMPOSTO"},
-        {"bar code", "17890000000021", 0, "2 22021000 PRODUTO DOIS"},
         {"bar code trimmed", " 17890000000021 ", 0, "2 22021000 PRODUTO DOIS"},
         {"gtin not among bar codes has no ncm", "7890000000024", 0, "2  PRODUTO DOIS"},
         {"unknown code", "9999", 0, ""},
