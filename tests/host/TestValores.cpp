@@ -1,4 +1,3 @@
-#include "TestDatabase.h"
 #include "Valores.h"
 
 #include <gtest/gtest.h>
@@ -126,17 +125,6 @@ TEST_F(Valores, FormatFloatWritesBrazilianSeparators)
         // Every row holds at most 4 decimals, so the money form must print the same.
         EXPECT_EQ(text(FormatFloat(row.pattern, Money::fromDouble(row.value))), row.expected);
     }
-}
-
-// Whatever a text holds, the statement that splices it is read whole and stores the text as it
-// was, less its NULs.
-TEST(QuotedStrNoBanco, GuardaOTextoInteiro)
-{
-    TestDatabase db(TestDatabase::Conteudo::SoEsquema);
-    ASSERT_EQ(db.erro() + db.exec(QStringLiteral("create table textos (t blob sub_type text)")), QString());
-    const QString pedaco = QString("ação d'água\t\r\n\x1b[2J\x7f€ ") + QChar(0);
-    ASSERT_EQ(db.exec(QStringLiteral("insert into textos values (") + QuotedStr(pedaco.repeated(400)) + u')'), QString());
-    EXPECT_EQ(db.valor(QStringLiteral("select t from textos")), QString(pedaco.repeated(400)).remove(QChar(0)));
 }
 
 TEST_F(Valores, LerNumeroBRTakesBrazilianNumbersOnly)
