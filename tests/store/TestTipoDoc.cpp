@@ -2,24 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <QMap>
 #include <QSet>
 
 using namespace TipoDoc;
 
 namespace {
 
-struct Linha { int indice, codigo; char caractere; const char *texto, *nomeCurto; int docTipo; };
+struct Linha { int indice, codigo; char caractere; const char *texto, *nomeCurto; };
 
 // The combo order: 41 comes before 39, and code 40 is not used.
 constexpr Linha Tipos[] = {
-    {0, 34, '"', "ENTRADA", "ENTRADA", 8},
-    {1, 35, '#', "DEVOLUCAO", "DEVOLUCAO", 7},
-    {2, 36, '$', "SIMPLES REMESSA", "SIMPLES REMESSA", 8},
-    {3, 37, '%', "PRODUCAO", "PRODUCAO", 8},
-    {4, 38, '&', "RETORNO DE LOCACAO", "RETORNO", 8},
-    {5, 41, ')', "RETORNO DE COMODATO", "RETORNO", 8},
-    {6, 39, '\'', "NOTA COMPLEMETAR", "NOTA COMPLEMENTAR", 8},
+    {0, 34, '"', "ENTRADA", "ENTRADA"},
+    {1, 35, '#', "DEVOLUCAO", "DEVOLUCAO"},
+    {2, 36, '$', "SIMPLES REMESSA", "SIMPLES REMESSA"},
+    {3, 37, '%', "PRODUCAO", "PRODUCAO"},
+    {4, 38, '&', "RETORNO DE LOCACAO", "RETORNO"},
+    {5, 41, ')', "RETORNO DE COMODATO", "RETORNO"},
+    {6, 39, '\'', "NOTA COMPLEMETAR", "NOTA COMPLEMENTAR"},
 };
 
 TEST(TipoDoc, IndexCodeCharacterAndTextsConvertBothWays)
@@ -37,8 +36,6 @@ TEST(TipoDoc, IndexCodeCharacterAndTextsConvertBothWays)
         ASSERT_NE(PorCodigo(l.codigo), nullptr);
         EXPECT_EQ(PorCodigo(l.codigo), &PorIndice(l.indice));
         EXPECT_STREQ(PorIndice(l.indice).nomeCurto, l.nomeCurto);
-        EXPECT_EQ(PorIndice(l.indice).docTipoHost, l.docTipo);
-        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(l.caractere)), l.docTipo);
     }
 }
 
@@ -51,8 +48,6 @@ TEST(TipoDoc, OutsideTheTable)
         EXPECT_EQ(PorCodigo(codigo), nullptr) << codigo;
     }
     EXPECT_EQ(RepTipoDocToStr(40), "[40]");
-    for (char c : {'x', '0', ' '})
-        EXPECT_EQ(TipoDocCharToTDocTipo(QLatin1Char(c)), 8) << c;
 }
 
 TEST(TipoDoc, AnEmptyStoredTypeIsAPurchaseEntry)
@@ -71,12 +66,8 @@ TEST(TipoDoc, RulesApplyToTheirTypes)
     const QSet<int> todos = {34, 35, 36, 37, 38, 39, 41};
     const struct { const char *nome; Regra regra; QSet<int> codigos; } regras[] = {
         {"supplier required", &TTipoDoc::exigeFornecedor, todos - QSet<int>{39}},
-        {"natureza required (also 38 and 41)", &TTipoDoc::exigeNatOp, todos - QSet<int>{34}},
         {"item NCM required", &TTipoDoc::exigeNCMItem, todos - QSet<int>{34, 37}},
         {"package quantities required", &TTipoDoc::exigeEmbQtd, todos - QSet<int>{39}},
-        {"products total required", &TTipoDoc::exigeTotProds, {34, 36, 39}},
-        {"NF-e may be sent", &TTipoDoc::podeEnviarNFe, todos - QSet<int>{34, 37}},
-        {"correction letter", &TTipoDoc::podeCartaCorrecao, {35, 36}},
         {"number typed by the user", &TTipoDoc::numeroDigitado, {34}},
         {"totals checked before posting", &TTipoDoc::conferirTotaisNaBaixa, todos - QSet<int>{39}},
         {"a zero total may be posted", &TTipoDoc::aceitaValorZerado, {37, 39}},
@@ -84,17 +75,6 @@ TEST(TipoDoc, RulesApplyToTheirTypes)
     for (const auto &r : regras)
         for (const TTipoDoc &t : Tabela())
             EXPECT_EQ(t.*(r.regra), r.codigos.contains(t.codigo)) << r.nome << ", type " << t.codigo;
-
-    EXPECT_STREQ(PorCodigo(Entrada)->recusaNFe, "Não pode ser enviada NFe referente a uma ENTRADA");
-    EXPECT_STREQ(PorCodigo(Producao)->recusaNFe, "Não pode ser enviada NFe referente a uma NOTA DE PRODUÇÃO");
-    for (int codigo : {35, 36, 38, 39, 41})
-        EXPECT_EQ(PorCodigo(codigo)->recusaNFe, nullptr) << codigo;
-    const QMap<int, int> finalidade = {{34, 1}, {35, 4}, {36, 1}, {37, 1}, {38, 4}, {39, 2}, {41, 4}};
-    for (const TTipoDoc &t : Tabela())
-        EXPECT_EQ(t.finalidadeNFe, finalidade.value(t.codigo)) << t.codigo;
-    EXPECT_EQ(PorCodigo(Entrada)->custosNaBaixa, TCustosNaBaixa::Sempre);
-    EXPECT_EQ(PorCodigo(Producao)->custosNaBaixa, TCustosNaBaixa::ConformeConfig);
-    EXPECT_EQ(PorCodigo(Devolucao)->custosNaBaixa, TCustosNaBaixa::Nunca);
 }
 
 } // namespace
