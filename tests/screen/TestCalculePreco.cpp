@@ -62,10 +62,8 @@ TEST(CalculoPreco, GivesCostsAndPrices)
 {
     const struct { const char *nome; TCalculePrecoEntrada entrada; const char *esperado; } casos[] = {
         {"worked_purchase", Compra(), "95.55 | 31.85 | 41.4 | 45.54 39.33"},
-        {"no_write_back_leaves_total_cost", Compra([](auto &e) { e.gravarCusto = false; }),
-         "- | 31.85 | 41.4 | 45.54 39.33"},
-        {"unit_cost_field_with_focus_keeps_typed_value", Compra([](auto &e) { e.custoUnitComFoco = true; }),
-         "95.55 | - | 41.4 | 45.54 39.33"},
+        {"no_write_back_leaves_total_cost", Compra([](auto &e) { e.gravarCusto = false; }), "- | 31.85 | 41.4 | 45.54 39.33"},
+        {"unit_cost_field_with_focus_keeps_typed_value", Compra([](auto &e) { e.custoUnitComFoco = true; }), "95.55 | - | 41.4 | 45.54 39.33"},
         {"margin_zero_gives_no_price", Compra([](auto &e) { e.margem = {}; }), "95.55 | 31.85 | 0 | 0 0"},
         {"quantity_below_a_thousandth", Compra([](auto &e) { e.qtdComprada = 0.0009; }), "95.55 | 0 | 0 | 0 0"},
         {"quantity_of_one_thousandth", Compra([](auto &e) { e.qtdComprada = 0.001; }),
@@ -73,22 +71,17 @@ TEST(CalculoPreco, GivesCostsAndPrices)
         {"costs_cut_to_cents_not_rounded",
          Compra([](auto &e) { e.custoTot = M("100.0099"); e.desconto = M("10.0049"); e.outras = {}; }),
          "90 | 30 | 39 | 42.9 37.05"},
-        {"price_cut_to_cents_not_rounded", Compra([](auto &e) { e.margem = M("35"); }),
-         "95.55 | 31.85 | 42.99 | 47.28 40.85"},
-        {"production_without_demanded_cost", Compra([](auto &e) { e.tipoIndice = 3; e.producCustoExige = false; }),
-         "nothing"},
+        {"price_cut_to_cents_not_rounded", Compra([](auto &e) { e.margem = M("35"); }), "95.55 | 31.85 | 42.99 | 47.28 40.85"},
+        {"production_without_demanded_cost", Compra([](auto &e) { e.tipoIndice = 3; e.producCustoExige = false; }), "nothing"},
         {"production_with_demanded_cost", ComImpostos(3, [](auto &e) { e.margem = M("10"); }), "- | 112 | 123.2 | "},
         // Taxes: cost 100, ICMS 7, IPI 5, one unit; the unit cost is the cost.
         {"entry_ignores_st_and_ipi_flag", ComImpostos(0, [](auto &e) { e.vBCST = M("50"); }), "- | 100 | 0 | "},
         {"return_adds_ipi_but_not_icms", ComImpostos(1), "- | 105 | 0 | "},
         {"return_without_ipi_flag_adds_nothing", ComImpostos(1, [](auto &e) { e.ipiSomar = false; }), "- | 100 | 0 | "},
         {"simple_shipment_adds_icms", ComImpostos(2), "- | 112 | 0 | "},
-        {"st_base_itself_replaces_icms", ComImpostos(2, [](auto &e) { e.vBCST = M("50"); e.ipiSomar = false; }),
-         "- | 150 | 0 | "},
-        {"st_base_on_a_return", ComImpostos(1, [](auto &e) { e.vBCST = M("0.01"); e.ipiSomar = false; }),
-         "- | 100.01 | 0 | "},
-        {"st_base_below_a_cent_is_none", ComImpostos(2, [](auto &e) { e.vBCST = M("0.0099"); e.ipiSomar = false; }),
-         "- | 107 | 0 | "},
+        {"st_base_itself_replaces_icms", ComImpostos(2, [](auto &e) { e.vBCST = M("50"); e.ipiSomar = false; }), "- | 150 | 0 | "},
+        {"st_base_on_a_return", ComImpostos(1, [](auto &e) { e.vBCST = M("0.01"); e.ipiSomar = false; }), "- | 100.01 | 0 | "},
+        {"st_base_below_a_cent_is_none", ComImpostos(2, [](auto &e) { e.vBCST = M("0.0099"); e.ipiSomar = false; }), "- | 107 | 0 | "},
     };
     for (const auto &c : casos)
         EXPECT_EQ(Descrever(TRepF_CalculePreco::Calcular(c.entrada)), c.esperado) << c.nome;

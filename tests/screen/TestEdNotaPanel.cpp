@@ -106,8 +106,8 @@ TEST_F(EdNotaPanel, FitsShowsValuesWholeKeepsWhatTheFieldAcceptsAndHasUniqueAcce
 
     // Typing keeps only what the field accepts.
     const struct { const char *caso, *campo, *teclas, *esperado; } linhas[] = {
-        {"HourSkipsItsColon", "HSaiMaskEdit", "14h30", "14:30"}, {"PlateStopsAtSeven", "FreteVeiPlacaLabeledEdit", "abc1d234", "ABC1D23"},
-        {"PlateUpperCasesAndDropsTheDash", "FreteVeiPlacaLabeledEdit", "abc-1d", "ABC1D"},
+        {"HourSkipsItsColon", "HSaiMaskEdit", "14h30", "14:30"},
+        {"PlateUpperCasesDropsTheDashAndStopsAtSeven", "FreteVeiPlacaLabeledEdit", "abc-1d234", "ABC1D23"},
         {"PlateDropsAccentedLetters", "FreteReboque1PlacaLabeledEdit", "çab1", "AB1"},
         {"SecondTrailerPlate", "FreteReboque2PlacaLabeledEdit", "rst 9z8", "RST9Z8"},
         {"UFTakesTwoLetters", "FreteVeiUFLabeledEdit", "spr", "SP"}, {"UFRefusesDigits", "FreteReboque1UFLabeledEdit", "1p2r", "PR"},
