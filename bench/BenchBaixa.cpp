@@ -69,16 +69,7 @@ QString SqlDados()
 
 QStringList Dados()
 {
-    return {
-        QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ')"),
-        QStringLiteral("insert into fornec (fornec_cod, nome_red) values (1, 'FORNECEDOR')"),
-        QStringLiteral("insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE')"),
-        QStringLiteral("insert into trib (trib_cod, descr, perc) values (1, 'TRIBUTADO', 12)"),
-        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (1, 'VAREJO')"),
-        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (2, 'ATACADO')"),
-        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (3, 'PROMOCAO')"),
-        SqlDados(),
-    };
+    return Medicao::CadastrosDaLoja() << SqlDados();
 }
 
 // Posts the note as the screen does (module connection and the host's both open); the

@@ -21,14 +21,7 @@ int g_itens = 1000;
 // Products 1..n; notes 1 and 2 with one item of each product, prices in two tables.
 QStringList Dados()
 {
-    return {
-        QStringLiteral("insert into empr (empr_cod, raz, nome_red) values (1, 'Loja Matriz Ltda', 'MATRIZ')"),
-        QStringLiteral("insert into fornec (fornec_cod, nome_red) values (1, 'FORNECEDOR')"),
-        QStringLiteral("insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE')"),
-        QStringLiteral("insert into trib (trib_cod, descr, perc) values (1, 'TRIBUTADO', 12)"),
-        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (1, 'VAREJO')"),
-        QStringLiteral("insert into tab_preco (tab_preco_cod, nome) values (2, 'ATACADO')"),
-        QStringLiteral(
+    return Medicao::CadastrosDaLoja() << QStringLiteral(
             "execute block as\n"
             "declare i integer = 1;\n"
             "declare n integer = 1;\n"
@@ -60,8 +53,7 @@ QStringList Dados()
             "    n = n + 1;\n"
             "  end\n"
             "end")
-            .arg(g_itens),
-    };
+            .arg(g_itens);
 }
 
 // Runs one station per note at once; the wall-clock milliseconds until the last one ended, or a
