@@ -61,14 +61,6 @@ TEST_F(ConexaoSQL, NestedCallsShareAnAttachmentTextsTakeEffectAsTheyRunAndColumn
     EXPECT_EQ(std::pair(q->FieldByName(QStringLiteral("c0")).AsMoney(), q->FieldByName(QStringLiteral("c1")).AsMoney()),
               std::pair(Money::fromRaw(5), Money::fromRaw(-1)));
     EXPECT_THROW(q->FieldByName(QStringLiteral("nao_existe")), std::invalid_argument);
-
-    ASSERT_EQ(db.exec(QStringLiteral("insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, baixado, serie) "
-                                     "values (1, 1, 1, '\"', 'S', ' 1 ')")), QString());
-    const auto c = conexao.Ab(QStringLiteral("select tipo_cod, baixado, cancelado, serie from compra"));
-    ASSERT_TRUE(c && !c->Eof()) << conexao.UltimoErro().toStdString();
-    EXPECT_TRUE(c->FieldByName(QStringLiteral("baixado")).AsBoolean());
-    EXPECT_EQ(QStringList({c->Fields(0).AsString(), c->Fields(2).AsString(), c->Fields(3).AsString()}),
-              (QStringList{"\"", "N", " 1 "}));
 }
 
 TEST_F(ConexaoSQL, FailuresReturnTheDriverTextGeneratorsTheirStepAndServersWhetherTheyAnswer)
