@@ -16,15 +16,9 @@
 // Decimal values are texts so that they reach the database exactly as written.
 struct ItemTeste
 {
-    int cod = 1;
-    int prod = 1;
-    QString embQtd = QStringLiteral("1");
-    QString qtdEmbs = QStringLiteral("1");
-    QString custoTot = QStringLiteral("10");
-    QString outras = QStringLiteral("0");
-    QString desconto = QStringLiteral("0");
-    QString vipi = QStringLiteral("0");
-    QString vicms = QStringLiteral("0");
+    int cod = 1, prod = 1;
+    QString embQtd = QStringLiteral("1"), qtdEmbs = QStringLiteral("1"), custoTot = QStringLiteral("10");
+    QString outras = QStringLiteral("0"), desconto = QStringLiteral("0"), vipi = QStringLiteral("0"), vicms = QStringLiteral("0");
     QString infoAdic;
     QList<QPair<int, QString>> precos;   // table, price; written under station 10
 };
@@ -36,14 +30,8 @@ inline ItemTeste Item(int cod, int prod, const char *qtdEmbs, const char *custoT
 
 struct NotaTeste
 {
-    int empr = 1;
-    int estacao = 1;
-    int compra = 1;
-    int tipo = 34;
-    int fornec = 1;
-    int destin = 0;
-    bool baixado = false;
-    bool cancelado = false;
+    int empr = 1, estacao = 1, compra = 1, tipo = 34, fornec = 1, destin = 0;
+    bool baixado = false, cancelado = false;
     QList<ItemTeste> itens;
 };
 
