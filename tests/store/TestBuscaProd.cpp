@@ -28,9 +28,7 @@ TEST_F(BuscaProdDB, FindsInTheDocumentedOrderWithTheseStatements)
         {"eight digits never a code", "00000001", 0, "3 19059090 PRODUTO TRES COMPOSTO"},
         {"bar code trimmed", " 17890000000021 ", 0, "2 22021000 PRODUTO DOIS"},
         {"gtin not among bar codes has no ncm", "7890000000024", 0, "2  PRODUTO DOIS"},
-        {"unknown code", "9999", 0, ""},
-        {"quote finds nothing", "7890'000000024", 3, ""},
-        {"blank finds nothing", "   ", 3, ""},
+        {"unknown code", "9999", 0, ""}, {"quote finds nothing", "7890'000000024", 3, ""}, {"blank finds nothing", "   ", 3, ""},
         {"supplier code outside mode 3", "ABC-001", 0, ""},
         {"supplier code in mode 3", "ABC-001", 3, "1 11010010 PRODUTO UM"},
     };
@@ -151,13 +149,9 @@ TEST_F(BuscaProdDB, FornecProdCodPrefersTheSuppliersOwnCodeAndPricesFollowTheirT
     EXPECT_EQ(ProdCodToEmbQtd(conexao, 2), 12.0);
     EXPECT_EQ(ProdCodToEmbQtd(conexao, 99), 0.0);
     const struct { int prod; int empr; QDate dia; const char *preco; } promos[] = {
-        {1, 1, QDate(2026, 9, 30), "0"},
-        {1, 1, QDate(2026, 10, 31), "9"},        // last day included
-        {1, 1, QDate(2026, 11, 1), "11.5"},
-        {1, 1, QDate(2026, 11, 25), "8"},        // the later start wins
-        {1, 1, QDate(2027, 6, 1), "8"},          // open end
-        {1, 2, QDate(2026, 11, 1), "0"},
-        {2, 1, QDate(2026, 11, 1), "0"},
+        // the last day included, the later start winning, an open end; another company, another product
+        {1, 1, QDate(2026, 9, 30), "0"}, {1, 1, QDate(2026, 10, 31), "9"}, {1, 1, QDate(2026, 11, 1), "11.5"},
+        {1, 1, QDate(2026, 11, 25), "8"}, {1, 1, QDate(2027, 6, 1), "8"}, {1, 2, QDate(2026, 11, 1), "0"}, {2, 1, QDate(2026, 11, 1), "0"},
     };
     for (const auto &c : promos)
         EXPECT_EQ(TProdPromo_PrecoPromoDBI::GetPrecoPromo(conexao, c.prod, c.empr, c.dia).toString(), QLatin1String(c.preco))

@@ -62,7 +62,6 @@ TEST_F(RepGates, EachGateRefusesWithOneMessageAndWritesOnlyAProductionTotal)
         {"no items", TipoDoc::Entrada, "10", {}, false, semItens, nullptr},
         {"no items, even a complementary note", TipoDoc::NotaComplementar, "10", {}, false, semItens, nullptr},
         {"items worth nothing", TipoDoc::Entrada, "0", {"0", "0"}, false, zerada, nullptr},
-        {"a return worth nothing", TipoDoc::Devolucao, "0", {"0"}, false, zerada, nullptr},
         {"header one cent over the items", TipoDoc::Entrada, "100.01", {"60", "40"}, false, Msg(TipoMensagem::Erro, TotalProdutos), nullptr},
         {"complementary with items: nothing else looked at", TipoDoc::NotaComplementar, "999", {"0"}, true, {}, nullptr},
         {"production takes the items' total", TipoDoc::Producao, "0", {"120.5", "30"}, true, {}, "150.5000|150.5000"},

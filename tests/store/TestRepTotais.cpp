@@ -134,16 +134,11 @@ TEST(RepTotais, ProductTotalMustAgreeToTheCentAndTheRestWithinTwoCentsAllTogethe
         {"product total 100.005 rounds half to even to 100.00", &TRepTotais::CustoTotAceito, "100.005", true},
         {"product total 100.015 rounds half to even to 100.02", &TRepTotais::CustoTotAceito, "100.015", false},
         {"product total one cent over", &TRepTotais::CustoTotAceito, "100.01", false},
-        {"discount two cents over", &TRepTotais::DescontoAceito, "5.02", true},
-        {"discount two cents under", &TRepTotais::DescontoAceito, "4.98", true},
-        {"discount three cents over", &TRepTotais::DescontoAceito, "5.03", false},
-        {"ICMS ST 200 units away", &TRepTotais::ICMSSubAceito, "4.98", true},
-        {"ICMS ST 201 units away", &TRepTotais::ICMSSubAceito, "5.0201", false},
-        {"ICMS three cents", &TRepTotais::ICMSAceito, "4.97", false},
-        {"IPI", &TRepTotais::IPIAceito, "5.03", false},
-        {"FCP", &TRepTotais::FCPAceito, "5.021", false},
-        {"FCP ST", &TRepTotais::FCPSTAceito, "5.02", true},
-        {"total", &TRepTotais::TotalAceito, "5.0201", false},
+        {"discount two cents over", &TRepTotais::DescontoAceito, "5.02", true}, {"discount two cents under", &TRepTotais::DescontoAceito, "4.98", true},
+        {"discount three cents over", &TRepTotais::DescontoAceito, "5.03", false}, {"ICMS three cents", &TRepTotais::ICMSAceito, "4.97", false},
+        {"ICMS ST 200 units away", &TRepTotais::ICMSSubAceito, "4.98", true}, {"ICMS ST 201 units away", &TRepTotais::ICMSSubAceito, "5.0201", false},
+        {"IPI", &TRepTotais::IPIAceito, "5.03", false}, {"FCP", &TRepTotais::FCPAceito, "5.021", false},
+        {"FCP ST", &TRepTotais::FCPSTAceito, "5.02", true}, {"total", &TRepTotais::TotalAceito, "5.0201", false},
     };
     for (const auto &c : casos)
         EXPECT_EQ(c.teste(t, M(c.valor)), c.aceito) << c.nome;

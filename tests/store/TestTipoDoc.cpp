@@ -12,13 +12,9 @@ struct Linha { int indice, codigo; char caractere; const char *texto, *nomeCurto
 
 // The combo order: 41 comes before 39, and code 40 is not used.
 constexpr Linha Tipos[] = {
-    {0, 34, '"', "ENTRADA", "ENTRADA"},
-    {1, 35, '#', "DEVOLUCAO", "DEVOLUCAO"},
-    {2, 36, '$', "SIMPLES REMESSA", "SIMPLES REMESSA"},
-    {3, 37, '%', "PRODUCAO", "PRODUCAO"},
-    {4, 38, '&', "RETORNO DE LOCACAO", "RETORNO"},
-    {5, 41, ')', "RETORNO DE COMODATO", "RETORNO"},
-    {6, 39, '\'', "NOTA COMPLEMETAR", "NOTA COMPLEMENTAR"},
+    {0, 34, '"', "ENTRADA", "ENTRADA"}, {1, 35, '#', "DEVOLUCAO", "DEVOLUCAO"}, {2, 36, '$', "SIMPLES REMESSA", "SIMPLES REMESSA"},
+    {3, 37, '%', "PRODUCAO", "PRODUCAO"}, {4, 38, '&', "RETORNO DE LOCACAO", "RETORNO"},
+    {5, 41, ')', "RETORNO DE COMODATO", "RETORNO"}, {6, 39, '\'', "NOTA COMPLEMETAR", "NOTA COMPLEMENTAR"},
 };
 
 TEST(TipoDoc, IndexCodeCharacterAndTextsConvertBothWays)
