@@ -47,12 +47,6 @@ protected:
             texts << (column < 0 ? model.headerData(i, Qt::Horizontal) : model.index(i, column).data()).toString();
         return texts;
     }
-    void ShowView()
-    {
-        TGradeDataSet::Attach(&model, &view);
-        view.resize(700, 400); view.show();
-        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
-    }
     void ClickTitle(int column)
     {
         QHeaderView *h = view.horizontalHeader();
@@ -105,7 +99,9 @@ TEST_F(ClientManagerTest, StaysConsistentThroughEveryDataSetOperation)
 TEST_F(ClientManagerTest, ViewRowAndCursorFollowEachOtherTitlesSortAndColumnsKeepTheirWidthsThroughAReload)
 {
     for (int i = 1; i <= 5; ++i) AddRow(i, QString("n%1").arg(i));
-    ShowView();
+    TGradeDataSet::Attach(&model, &view);
+    view.resize(700, 400); view.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
     QSignalSpy scrolls(&ds, &TClientDataSet::AfterScroll);
 
     QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(model.index(2, 1)).center());
