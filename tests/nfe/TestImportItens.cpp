@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QTableView>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextStream>
@@ -136,6 +137,9 @@ TEST_F(ImportItens, DialogoPerguntaQtdRecusaItemSemProdutoEOkSemQuantidade)
     auto *grade = dialogo.findChild<QTableView *>(QStringLiteral("OrigemGrid"));
     ASSERT_TRUE(grade);
     ASSERT_EQ(dialogo.OrigemDataSet().RecordCount(), 3);
+    auto *notas = dialogo.findChild<QTableWidget *>(QStringLiteral("NotasStringGrid"));
+    ASSERT_TRUE(notas && notas->rowCount() == 1);
+    EXPECT_EQ(notas->item(0, 1)->text() + ' ' + notas->item(0, 3)->text(), "20/11/26 " + Documento()->chave);
 
     dialogo.OkActExecute();
     EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Proib), "Nenhuma quantidade foi indicada");
