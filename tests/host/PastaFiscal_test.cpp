@@ -15,20 +15,16 @@ TEST(PastaFiscal, OptionThenEnvironmentThenStoreThenTheUsersDataFolderCreatedOnF
 {
     QTemporaryDir dados;
     qputenv("XDG_DATA_HOME", dados.path().toUtf8());
-    const struct { const char *opcao, *ambiente, *config, *esperada; } casos[] = {
-        {"/op", "/amb", "/cfg", "/op"},
-        {" ", "/amb", "/cfg", "/amb"},
-        {"", "", "/cfg", "/cfg"},
-        {"", "", "", nullptr},
+    const QString padrao = dados.path() + QStringLiteral("/Pavrel/pavrel-tests/fiscal");
+    const struct { const char *opcao, *ambiente, *config; QString esperada; } casos[] = {
+        {"/op", "/amb", "/cfg", "/op"}, {" ", "/amb", "/cfg", "/amb"}, {"", "", "/cfg", "/cfg"}, {"", "", "", padrao},
     };
     for (const auto &c : casos) {
         qputenv("PAVREL_FISCAL_FOLDER", c.ambiente);
         ConfigGravarStr(QStringLiteral("PASTA_FISCAL"), QLatin1String(c.config));
-        EXPECT_EQ(ResolverPastaFiscal(QLatin1String(c.opcao)),
-                  c.esperada ? QString::fromLatin1(c.esperada) : dados.path() + QStringLiteral("/Pavrel/pavrel-tests/fiscal"));
+        EXPECT_EQ(ResolverPastaFiscal(QLatin1String(c.opcao)), c.esperada);
     }
     Contexto::Atual().pastaFiscal.clear();
-    const QString padrao = dados.path() + QStringLiteral("/Pavrel/pavrel-tests/fiscal");
     ASSERT_FALSE(QDir(padrao).exists());
     EXPECT_EQ(PastaFiscal(), padrao + u'/');
     EXPECT_TRUE(QDir(padrao).exists());
@@ -49,11 +45,8 @@ TEST(PastaFiscal, OptionThenEnvironmentThenStoreThenTheUsersDataFolderCreatedOnF
 TEST(CodComMasc, MasksCnpjAndCpfLettersIncluded)
 {
     const struct { const char *codigo, *mascarado; } casos[] = {
-        {"11222333000181", "11.222.333/0001-81"},
-        {"12ABC345000199", "12.ABC.345/0001-99"},
-        {"12345678901", "123.456.789-01"},
-        {"1234567890", "1234567890"},
-        {"", ""},
+        {"11222333000181", "11.222.333/0001-81"}, {"12ABC345000199", "12.ABC.345/0001-99"},
+        {"12345678901", "123.456.789-01"}, {"1234567890", "1234567890"}, {"", ""},
     };
     for (const auto &c : casos)
         EXPECT_EQ(CodComMasc(QLatin1String(c.codigo)), QLatin1String(c.mascarado)) << c.codigo;
