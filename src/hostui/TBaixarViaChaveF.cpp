@@ -53,7 +53,9 @@ TBaixarViaChaveF::TBaixarViaChaveF(const QString &database, const QString &uf, c
     auto *linhaChave = new QHBoxLayout;
     linhaChave->addWidget(m_chaveEdit, 1);
     linhaChave->addWidget(m_procurarButton);
-    campos->addRow(QStringLiteral("&Chave"), linhaChave);
+    auto *rotuloChave = new QLabel(QStringLiteral("&Chave"), this);
+    rotuloChave->setBuddy(m_chaveEdit);
+    campos->addRow(rotuloChave, linhaChave);
     campos->addRow(QStringLiteral("Arquivo XML"), m_nomeArqXML);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(campos);
