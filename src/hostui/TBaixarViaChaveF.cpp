@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -135,4 +136,15 @@ void TBaixarViaChaveF::accept()
     if (m_nomeArqXML->text().isEmpty() && !Procurar())
         return;
     QDialog::accept();
+}
+
+// Enter in the key searches (the edit's returnPressed) and stops there: the default button
+// would otherwise search again and show a second message for the same missing file.
+void TBaixarViaChaveF::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && focusWidget() == m_chaveEdit)
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
 }
