@@ -353,7 +353,7 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     auto *aba = new QWidget;
     aba->setObjectName(QStringLiteral("ReferenciasAba"));
 
-    auto *grupo = new QGroupBox(tr("Chaves de acesso das NF-e referenciadas (44 dígitos)"), aba);
+    auto *grupo = new QGroupBox(tr("Chaves de acesso das NF-e referenciadas (44 caracteres)"), aba);
     grupo->setObjectName(QStringLiteral("ReferenciasGroupBox"));
     GradeRotulada grade(grupo, m_campos);
     const char *nomes[] = {"NFEChaveRefLabeledEdit", "NFEChaveRef2LabeledEdit", "NFEChaveRef3LabeledEdit",
@@ -362,17 +362,26 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     for (const char *nome : nomes) {
         auto *chave = new QLineEdit(grupo);
         chave->setObjectName(QLatin1String(nome));
-        FiltroTeclas::AplicarDigitos(chave, 44);
+        // Upper case: the alphanumeric CNPJ puts letters in the keys.
+        FiltroTeclas::Aplicar(chave, FiltroTeclas::CaracteresPlaca, 44);
         chave->setFixedWidth(LarguraPara(chave, QString(45, QLatin1Char('9'))));
+        if (ordem == 0)
+            chave->setToolTip(tr("Chave NFE da Nota a que se refere a devolução"));
         m_chavesRef.append(chave);
         grade.Par(ordem, 0, tr("Chave &%1").arg(ordem + 1), chave);
         ++ordem;
     }
     grade.Fechar();
 
+    m_listaButton = new QPushButton(tr("&Lista"), aba);
+    m_listaButton->setObjectName(QStringLiteral("ListaButton"));
+    m_listaButton->setToolTip(tr("Lista de chaves de referência"));
+    m_listaButton->setAutoDefault(false);
+
     auto *caixa = new QHBoxLayout(aba);
     caixa->setContentsMargins(4, 4, 4, 4);
     caixa->addWidget(grupo);
+    caixa->addWidget(m_listaButton, 0, Qt::AlignTop);
     return aba;
 }
 

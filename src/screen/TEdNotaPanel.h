@@ -80,6 +80,7 @@ public:
     QLineEdit *NFEChaveRef5LabeledEdit() const { return m_chavesRef[4]; }
     // The five referenced keys, first to fifth.
     const QList<QLineEdit *> &ChavesRef() const { return m_chavesRef; }
+    QPushButton *ListaButton() const { return m_listaButton; }
 
     QPushButton *NotaOkButton() const { return m_notaOkButton; }
     QPushButton *NotaCancButton() const { return m_notaCancButton; }
@@ -146,6 +147,7 @@ private:
     TNumEditBR *m_fretePesoBrutoNumEditBR = nullptr;
 
     QList<QLineEdit *> m_chavesRef;
+    QPushButton *m_listaButton = nullptr;
 
     QPushButton *m_notaOkButton = nullptr;
     QPushButton *m_notaCancButton = nullptr;
