@@ -6,6 +6,7 @@
 #include "TItemNotaTela.h"
 #include "TRepD.h"
 #include "TTabPrecoList.h"
+#include "UDigitadorItens.h"
 
 #include <QHash>
 #include <QList>
@@ -141,6 +142,11 @@ private:
     void AtualizarAcoes();
     void CriarAcoesNota();
     void CriarItemNota();
+    // Items and the reference key from XML files (TRepF_XML.cpp).
+    void CriarBotoesXML();
+    TTelaNota TelaNota();
+    void ItensButtonClick();
+    void XMLImportButtonClick();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
     bool ponteiroNoMenu() const;

@@ -370,9 +370,24 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     }
     grade.Fechar();
 
+    // The key of one chosen XML file into the first key.
+    m_xmlImportButton = new QPushButton(tr("&XML"), grupo);
+    m_xmlImportButton->setObjectName(QStringLiteral("XMLImportButton"));
+    m_xmlImportButton->setToolTip(QStringLiteral("Importar chave do XML da venda de referência"));
+    grade.Layout()->addWidget(m_xmlImportButton, 0, 2, Qt::AlignLeft);
+
     auto *caixa = new QHBoxLayout(aba);
     caixa->setContentsMargins(4, 4, 4, 4);
     caixa->addWidget(grupo);
+
+    // The items of the keys' XML files into the note.
+    auto *botoesXml = new QVBoxLayout;
+    m_itensButton = new QPushButton(tr("&Itens pelo XML"), aba);
+    m_itensButton->setObjectName(QStringLiteral("ItensButton"));
+    m_itensButton->setToolTip(QStringLiteral("Importar itens de todos xmls da lista"));
+    botoesXml->addWidget(m_itensButton);
+    botoesXml->addStretch();
+    caixa->addLayout(botoesXml);
     return aba;
 }
 

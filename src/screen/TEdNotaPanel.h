@@ -80,6 +80,9 @@ public:
     QLineEdit *NFEChaveRef5LabeledEdit() const { return m_chavesRef[4]; }
     // The five referenced keys, first to fifth.
     const QList<QLineEdit *> &ChavesRef() const { return m_chavesRef; }
+    // Items from the keys' XML files; the key of one XML file.
+    QPushButton *ItensButton() const { return m_itensButton; }
+    QPushButton *XMLImportButton() const { return m_xmlImportButton; }
 
     QPushButton *NotaOkButton() const { return m_notaOkButton; }
     QPushButton *NotaCancButton() const { return m_notaCancButton; }
@@ -146,6 +149,8 @@ private:
     TNumEditBR *m_fretePesoBrutoNumEditBR = nullptr;
 
     QList<QLineEdit *> m_chavesRef;
+    QPushButton *m_itensButton = nullptr;
+    QPushButton *m_xmlImportButton = nullptr;
 
     QPushButton *m_notaOkButton = nullptr;
     QPushButton *m_notaCancButton = nullptr;
