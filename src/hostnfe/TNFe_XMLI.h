@@ -8,6 +8,10 @@
 class TNFe_XMLI final
 {
 public:
+    // Larger files are refused unread: the biggest NF-e the layout allows is far smaller.
+    static constexpr qint64 TamanhoMaximo = 50 * 1024 * 1024;
+    static constexpr int ProfundidadeMaxima = 64;
+
     explicit TNFe_XMLI(TnfeProc &nfe) : m_nfe(nfe) {}
 
     // False when the file cannot be read or is not an NF-e; Erro() then names the file and the

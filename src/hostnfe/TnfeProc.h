@@ -56,15 +56,19 @@ struct TNFeICMS
     int modBC = 0;
     Money vBC, vICMS, vICMSOp, vICMSDif, vICMSDeson, vCredICMSSN;
     double pRedBC = 0, pICMS = 0, pDif = 0, pCredSN = 0, pBCOp = 0;
-    int motDesICMS = 0;
-    Money vBCFCP, vFCP;
-    double pFCP = 0;
+    int motDesICMS = 0, indDeduzDeson = 0;
+    QString cBenefRBC;
+    Money vBCFCP, vFCP, vFCPDif, vFCPEfet;
+    double pFCP = 0, pFCPDif = 0;
     int modBCST = 0;
     double pMVAST = 0, pRedBCST = 0, pICMSST = 0;
     Money vBCST, vICMSST;
     Money vBCFCPST, vFCPST;
     double pFCPST = 0;
     QString UFST;
+    Money vICMSSTDeson;
+    int motDesICMSST = 0;
+    Money vBCSTDest, vICMSSTDest;    // ICMSST: due to the destination state
     // Retained earlier by substitution.
     Money vBCSTRet, vICMSSubstituto, vICMSSTRet, vBCFCPSTRet, vFCPSTRet;
     double pST = 0, pFCPSTRet = 0;

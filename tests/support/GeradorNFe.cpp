@@ -1,16 +1,480 @@
 #include "GeradorNFe.h"
 
-QByteArray GerarXmlNFe(const TnfeProc &, const OpcoesGeracao &)
+#include "CamposNFe.h"
+#include "ChaveNFe.h"
+
+#include <QFile>
+#include <QSaveFile>
+#include <QTimeZone>
+#include <QXmlStreamWriter>
+
+#include <functional>
+
+namespace {
+
+const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
+const QString NsDsig = QStringLiteral("http://www.w3.org/2000/09/xmldsig#");
+
+// Exact: the money's own digits, rounded half to even to the places asked for.
+QString Decimal(Money m, int casas)
 {
-    return {};
+    const qint64 raw = m.roundTo(casas).raw();
+    const qint64 abs = raw < 0 ? -raw : raw;
+    QString s = QString::number(abs / Money::Scale);
+    if (casas > 0) {
+        qint64 frac = abs % Money::Scale;
+        for (int i = casas; i < 4; ++i)
+            frac /= 10;
+        s += QLatin1Char('.') + QString::number(frac).rightJustified(casas, QLatin1Char('0'));
+    }
+    return raw < 0 ? QLatin1Char('-') + s : s;
 }
 
-bool GravarXmlNFe(const QString &, const TnfeProc &, const OpcoesGeracao &)
+QString Decimal(double v, int casas)
 {
-    return false;
+    return QString::number(v, 'f', casas);
 }
 
-TnfeProc NFeExemplo(const QString &, const QString &, qint64, int)
+class TEscritor
 {
-    return {};
+public:
+    TEscritor(QByteArray *saida, const OpcoesGeracao &op) : w(saida), m_ns(NsNFe)
+    {
+        w.writeStartDocument(QStringLiteral("1.0"));
+        if (op.prefixo.isEmpty())
+            w.writeDefaultNamespace(NsNFe);
+        else
+            w.writeNamespace(NsNFe, op.prefixo);
+    }
+    ~TEscritor() { w.writeEndDocument(); }
+
+    void Abrir(const QString &nome) { w.writeStartElement(m_ns, nome); }
+    void Fechar() { w.writeEndElement(); }
+    void Texto(const QString &nome, const QString &valor) { w.writeTextElement(m_ns, nome, valor); }
+    void Atributo(const QString &nome, const QString &valor) { w.writeAttribute(nome, valor); }
+    void Data(const QString &nome, const QDateTime &d)
+    {
+        if (d.isValid())
+            Texto(nome, d.toString(Qt::ISODate));
+    }
+
+    // One leaf; texts only when set, numbers always unless `opcional` and zero.
+    template<class S>
+    void Folha(const TCampoNFe<S> &c, const S &s, bool opcional)
+    {
+        std::visit(
+            [&](auto membro) {
+                using T = std::remove_cvref_t<decltype(s.*membro)>;
+                const T &v = s.*membro;
+                if constexpr (std::is_same_v<T, QString>) {
+                    if (!v.isEmpty())
+                        Texto(c.nome, v);
+                } else if (!opcional || v != T{}) {
+                    if constexpr (std::is_same_v<T, Money> || std::is_same_v<T, double>)
+                        Texto(c.nome, Decimal(v, c.casas));
+                    else
+                        Texto(c.nome, QString::number(v));
+                }
+            },
+            c.membro);
+    }
+
+    // Every leaf of the table enclosed by `pai`, in order; `depois` runs after each one.
+    template<class S>
+    void Folhas(TCamposNFe<S> campos, const S &s, QLatin1String pai = {}, const QStringList &omitirZero = {},
+                const std::function<void(QLatin1String)> &depois = {})
+    {
+        for (const TCampoNFe<S> &c : campos) {
+            if (c.pai != pai)
+                continue;
+            Folha(c, s, omitirZero.contains(c.nome));
+            if (depois)
+                depois(c.nome);
+        }
+    }
+
+    void Grupo(const QString &nome, const std::function<void()> &conteudo)
+    {
+        Abrir(nome);
+        conteudo();
+        Fechar();
+    }
+
+    void Assinatura(const QString &chave, const QString &digest)
+    {
+        const QString ns = std::exchange(m_ns, NsDsig);
+        w.writeDefaultNamespace(NsDsig);
+        Grupo(QStringLiteral("Signature"), [&] {
+            Grupo(QStringLiteral("SignedInfo"), [&] {
+                Algoritmo(QStringLiteral("CanonicalizationMethod"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
+                Algoritmo(QStringLiteral("SignatureMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#rsa-sha1"));
+                Abrir(QStringLiteral("Reference"));
+                Atributo(QStringLiteral("URI"), QStringLiteral("#NFe") + chave);
+                Grupo(QStringLiteral("Transforms"), [&] {
+                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#enveloped-signature"));
+                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
+                });
+                Algoritmo(QStringLiteral("DigestMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#sha1"));
+                Texto(QStringLiteral("DigestValue"), digest);
+                Fechar();
+            });
+            Texto(QStringLiteral("SignatureValue"), QStringLiteral("R2VyYWRvTkZlIG7Do28gYXNzaW5hIGRlIHZlcmRhZGU="));
+            Grupo(QStringLiteral("KeyInfo"), [&] {
+                Grupo(QStringLiteral("X509Data"), [&] { Texto(QStringLiteral("X509Certificate"), QStringLiteral("TUlJRmFrZQ==")); });
+            });
+        });
+        m_ns = ns;
+    }
+
+private:
+    void Algoritmo(const QString &nome, const QString &algoritmo)
+    {
+        w.writeEmptyElement(m_ns, nome);
+        Atributo(QStringLiteral("Algorithm"), algoritmo);
+    }
+
+    QXmlStreamWriter w;
+    QString m_ns;
+};
+
+QString NomeContrib(const QString &tributo, const QString &cst)
+{
+    const int c = cst.toInt();
+    if (c == 1 || c == 2)
+        return tributo + QLatin1String("Aliq");
+    if (c == 3)
+        return tributo + QLatin1String("Qtde");
+    if (c >= 4 && c <= 9)
+        return tributo + QLatin1String("NT");
+    return tributo + QLatin1String("Outr");
+}
+
+void EscreverContrib(TEscritor &e, const QString &tributo, TCamposNFe<TNFeContrib> campos, const TNFeContrib &c)
+{
+    if (c.CST.isEmpty())
+        return;
+    e.Grupo(tributo, [&] {
+        const QString grupo = NomeContrib(tributo, c.CST);
+        e.Grupo(grupo, [&] {
+            const bool porQtde = grupo.endsWith(QLatin1String("Qtde")) || (grupo.endsWith(QLatin1String("Outr")) && c.qBCProd != 0);
+            for (const TCampoNFe<TNFeContrib> &f : campos) {
+                const bool aliq = f.nome == QLatin1String("vBC") || f.nome.startsWith(QLatin1Char('p'));
+                const bool qtde = f.nome == QLatin1String("qBCProd") || f.nome == QLatin1String("vAliqProd");
+                if (grupo.endsWith(QLatin1String("NT")) ? f.nome == QLatin1String("CST")
+                                                        : !(aliq && porQtde) && !(qtde && !porQtde))
+                    e.Folha(f, c, false);
+            }
+        });
+    });
+}
+
+void EscreverImposto(TEscritor &e, const TItem &it)
+{
+    using namespace CamposNFe;
+    if (it.vTotTrib != Money())
+        e.Texto(QStringLiteral("vTotTrib"), Decimal(it.vTotTrib, 2));
+    e.Grupo(QStringLiteral("ICMS"), [&] {
+        const QString grupo = it.ICMS.grupo.isEmpty() ? QStringLiteral("ICMS00") : it.ICMS.grupo;
+        e.Grupo(grupo, [&] {
+            for (QString nome : CamposDoGrupoICMS(grupo)) {
+                const bool opcional = nome.endsWith(QLatin1Char('?'));
+                nome.remove(QLatin1Char('?'));
+                if (const auto *c = AcharCampo(ICMS(), nome, {}))
+                    e.Folha(*c, it.ICMS, opcional);
+            }
+        });
+    });
+    if (it.IPI.presente) {
+        e.Grupo(QStringLiteral("IPI"), [&] {
+            e.Folha(IPI()[0], it.IPI, false);
+            e.Texto(QStringLiteral("cEnq"), it.IPI.cEnq.isEmpty() ? QStringLiteral("999") : it.IPI.cEnq);
+            const int cst = it.IPI.CST.toInt();
+            const bool trib = cst == 0 || cst == 49 || cst == 50 || cst == 99;
+            e.Grupo(trib ? QStringLiteral("IPITrib") : QStringLiteral("IPINT"), [&] {
+                for (const auto &c : IPI().subspan(2)) {
+                    const bool porQtde = it.IPI.qUnid != 0;
+                    const bool aliq = c.nome == QLatin1String("vBC") || c.nome == QLatin1String("pIPI");
+                    const bool qtde = c.nome == QLatin1String("qUnid") || c.nome == QLatin1String("vUnid");
+                    if (c.nome == QLatin1String("CST") || (trib && !(aliq && porQtde) && !(qtde && !porQtde)))
+                        e.Folha(c, it.IPI, false);
+                }
+            });
+        });
+    }
+    EscreverContrib(e, QStringLiteral("PIS"), PIS(), it.PIS);
+    EscreverContrib(e, QStringLiteral("COFINS"), COFINS(), it.COFINS);
+    if (it.ICMSUFDest.presente)
+        e.Grupo(QStringLiteral("ICMSUFDest"), [&] { e.Folhas(ICMSUFDest(), it.ICMSUFDest); });
+    if (it.IBSCBS.presente) {
+        const auto sub = [&](QLatin1String nome) {
+            e.Grupo(nome, [&] { e.Folhas(IBSCBS(), it.IBSCBS, nome); });
+        };
+        e.Grupo(QStringLiteral("IBSCBS"), [&] {
+            e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("IBSCBS"));
+            e.Grupo(QStringLiteral("gIBSCBS"), [&] {
+                e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("gIBSCBS"), {}, [&](QLatin1String nome) {
+                    if (nome == QLatin1String("vBC")) {
+                        sub(QLatin1String("gIBSUF"));
+                        sub(QLatin1String("gIBSMun"));
+                    } else {
+                        sub(QLatin1String("gCBS"));
+                    }
+                });
+            });
+        });
+    }
+}
+
+void EscreverItem(TEscritor &e, const TItem &original)
+{
+    TItem it = original;
+    for (QString *gtin : {&it.cEAN, &it.cEANTrib})
+        if (gtin->isEmpty())
+            *gtin = QStringLiteral("SEM GTIN");
+    e.Abrir(QStringLiteral("det"));
+    e.Atributo(QStringLiteral("nItem"), QString::number(it.nItem));
+    e.Grupo(QStringLiteral("prod"), [&] {
+        e.Folhas(CamposNFe::Prod(), it, {},
+                 {QStringLiteral("vFrete"), QStringLiteral("vSeg"), QStringLiteral("vDesc"), QStringLiteral("vOutro")});
+    });
+    e.Grupo(QStringLiteral("imposto"), [&] { EscreverImposto(e, it); });
+    if (it.pDevol != 0 || it.vIPIDevol != Money()) {
+        e.Grupo(QStringLiteral("impostoDevol"), [&] {
+            e.Texto(QStringLiteral("pDevol"), Decimal(it.pDevol, 2));
+            e.Grupo(QStringLiteral("IPI"), [&] { e.Texto(QStringLiteral("vIPIDevol"), Decimal(it.vIPIDevol, 2)); });
+        });
+    }
+    if (!it.infAdProd.isEmpty())
+        e.Texto(QStringLiteral("infAdProd"), it.infAdProd);
+    e.Fechar();
+}
+
+void EscreverIBSCBSTot(TEscritor &e, const TNFeIBSCBSTot &t)
+{
+    const QString zero = QStringLiteral("0.00");
+    const auto difDev = [&] {
+        e.Texto(QStringLiteral("vDif"), zero);
+        e.Texto(QStringLiteral("vDevTrib"), zero);
+    };
+    e.Grupo(QStringLiteral("IBSCBSTot"), [&] {
+        e.Texto(QStringLiteral("vBCIBSCBS"), Decimal(t.vBCIBSCBS, 2));
+        e.Grupo(QStringLiteral("gIBS"), [&] {
+            e.Grupo(QStringLiteral("gIBSUF"), [&] { difDev(); e.Texto(QStringLiteral("vIBSUF"), Decimal(t.vIBSUF, 2)); });
+            e.Grupo(QStringLiteral("gIBSMun"), [&] { difDev(); e.Texto(QStringLiteral("vIBSMun"), Decimal(t.vIBSMun, 2)); });
+            e.Texto(QStringLiteral("vIBS"), Decimal(t.vIBS, 2));
+            e.Texto(QStringLiteral("vCredPres"), Decimal(t.vCredPres, 2));
+            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+        });
+        e.Grupo(QStringLiteral("gCBS"), [&] {
+            difDev();
+            e.Texto(QStringLiteral("vCBS"), Decimal(t.vCBS, 2));
+            e.Texto(QStringLiteral("vCredPres"), zero);
+            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+        });
+    });
+}
+
+void EscreverTransp(TEscritor &e, const TNFeTransp &t)
+{
+    const auto sub = [&](QLatin1String nome) { e.Grupo(nome, [&] { e.Folhas(CamposNFe::Transp(), t, nome); }); };
+    e.Grupo(QStringLiteral("transp"), [&] {
+        e.Folhas(CamposNFe::Transp(), t, QLatin1String("transp"));
+        if (!t.CNPJ.isEmpty() || !t.CPF.isEmpty() || !t.xNome.isEmpty())
+            sub(QLatin1String("transporta"));
+        if (!t.placa.isEmpty())
+            sub(QLatin1String("veicTransp"));
+        if (t.qVol != 0 || !t.esp.isEmpty() || t.pesoL != 0 || t.pesoB != 0)
+            sub(QLatin1String("vol"));
+    });
+}
+
+void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
+{
+    using namespace CamposNFe;
+    e.Abrir(QStringLiteral("infNFe"));
+    e.Atributo(QStringLiteral("Id"), QStringLiteral("NFe") + nfe.chave);
+    e.Atributo(QStringLiteral("versao"), nfe.versao.isEmpty() ? QStringLiteral("4.00") : nfe.versao);
+    e.Grupo(QStringLiteral("ide"), [&] {
+        e.Folhas(Ide(), nfe.ide, {}, {}, [&](QLatin1String nome) {
+            if (nome == QLatin1String("nNF")) {
+                e.Data(QStringLiteral("dhEmi"), nfe.ide.dhEmi);
+                e.Data(QStringLiteral("dhSaiEnt"), nfe.ide.dhSaiEnt);
+            } else if (nome == QLatin1String("verProc")) {
+                for (const QString &ref : nfe.ide.refNFe)
+                    e.Grupo(QStringLiteral("NFref"), [&] { e.Texto(QStringLiteral("refNFe"), ref); });
+            }
+        });
+    });
+    const auto endereco = [&](const QString &nome, const TNFeEndereco &end) {
+        e.Grupo(nome, [&] { e.Folhas(Endereco(), end); });
+    };
+    e.Grupo(QStringLiteral("emit"), [&] {
+        e.Folhas(Emit(), nfe.emitente, {}, {}, [&](QLatin1String nome) {
+            if (nome == QLatin1String("xFant"))
+                endereco(QStringLiteral("enderEmit"), nfe.emitente.ender);
+        });
+    });
+    const TPess_Dest &d = nfe.destinatario;
+    if (!d.CNPJ.isEmpty() || !d.CPF.isEmpty() || !d.idEstrangeiro.isEmpty()) {
+        e.Grupo(QStringLiteral("dest"), [&] {
+            e.Folhas(Dest(), d, {}, {}, [&](QLatin1String nome) {
+                if (nome == QLatin1String("xNome"))
+                    endereco(QStringLiteral("enderDest"), d.ender);
+            });
+        });
+    }
+    for (int i = 0; i < nfe.itens.Count(); ++i)
+        EscreverItem(e, nfe.itens.GetItem(i));
+    e.Grupo(QStringLiteral("total"), [&] {
+        e.Grupo(QStringLiteral("ICMSTot"), [&] { e.Folhas(ICMSTot(), nfe.ICMSTot); });
+        if (nfe.IBSCBSTot.presente)
+            EscreverIBSCBSTot(e, nfe.IBSCBSTot);
+    });
+    EscreverTransp(e, nfe.transp);
+    e.Grupo(QStringLiteral("pag"), [&] {
+        e.Grupo(QStringLiteral("detPag"), [&] {
+            const bool semPagamento = nfe.ICMSTot.vNF == Money();
+            e.Texto(QStringLiteral("tPag"), semPagamento ? QStringLiteral("90") : QStringLiteral("15"));
+            e.Texto(QStringLiteral("vPag"), Decimal(nfe.ICMSTot.vNF, 2));
+        });
+    });
+    if (!nfe.infAdFisco.isEmpty() || !nfe.infCpl.isEmpty()) {
+        e.Grupo(QStringLiteral("infAdic"), [&] {
+            if (!nfe.infAdFisco.isEmpty())
+                e.Texto(QStringLiteral("infAdFisco"), nfe.infAdFisco);
+            if (!nfe.infCpl.isEmpty())
+                e.Texto(QStringLiteral("infCpl"), nfe.infCpl);
+        });
+    }
+    e.Fechar();
+}
+
+} // namespace
+
+QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
+{
+    QByteArray xml;
+    const QString digest = nfe.prot.digVal.isEmpty() ? QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=") : nfe.prot.digVal;
+    {
+        TEscritor e(&xml, opcoes);
+        const auto versao = [&] { e.Atributo(QStringLiteral("versao"), QStringLiteral("4.00")); };
+        const auto documento = [&] {
+            e.Grupo(QStringLiteral("NFe"), [&] {
+                EscreverInfNFe(e, nfe);
+                if (opcoes.assinatura)
+                    e.Assinatura(nfe.chave, digest);
+            });
+        };
+        if (!opcoes.comProtocolo) {
+            documento();
+        } else {
+            e.Grupo(QStringLiteral("nfeProc"), [&] {
+                versao();
+                documento();
+                e.Grupo(QStringLiteral("protNFe"), [&] {
+                    versao();
+                    e.Grupo(QStringLiteral("infProt"), [&] {
+                        e.Folhas(CamposNFe::Prot(), nfe.prot, {}, {}, [&](QLatin1String nome) {
+                            if (nome == QLatin1String("chNFe"))
+                                e.Data(QStringLiteral("dhRecbto"), nfe.prot.dhRecbto);
+                        });
+                    });
+                });
+            });
+        }
+    }
+    if (opcoes.bom)
+        xml.prepend("\xEF\xBB\xBF");
+    return xml;
+}
+
+bool GravarXmlNFe(const QString &caminho, const TnfeProc &nfe, const OpcoesGeracao &opcoes)
+{
+    QSaveFile f(caminho);
+    return f.open(QIODevice::WriteOnly) && f.write(GerarXmlNFe(nfe, opcoes)) >= 0 && f.commit();
+}
+
+TnfeProc NFeExemplo(const QString &cnpjEmit, const QString &cnpjDest, qint64 numero, int nItens)
+{
+    TnfeProc nfe;
+    nfe.versao = QStringLiteral("4.00");
+    TNFeIde &ide = nfe.ide;
+    ide.cUF = QStringLiteral("35");
+    ide.cNF = QString::number((numero * 7919 + 13) % 100000000).rightJustified(8, QLatin1Char('0'));
+    ide.natOp = QStringLiteral("VENDA DE MERCADORIA");
+    ide.serie = 1;
+    ide.nNF = numero;
+    ide.dhEmi = QDateTime(QDate(2026, 11, 20), QTime(10, 30), QTimeZone(-3 * 3600));
+    ide.tpNF = 1;
+    ide.idDest = 1;
+    ide.cMunFG = QStringLiteral("3550308");
+    ide.tpImp = 1;
+    ide.tpEmis = 1;
+    ide.tpAmb = 1;
+    ide.finNFe = 1;
+    ide.indPres = 9;
+    ide.verProc = QStringLiteral("GeradorNFe 1.0");
+    const QString chave43 = ide.cUF + ide.dhEmi.toString(QStringLiteral("yyMM")) + cnpjEmit.rightJustified(14, QLatin1Char('0'))
+        + QStringLiteral("55") + QString::number(ide.serie).rightJustified(3, QLatin1Char('0'))
+        + QString::number(numero).rightJustified(9, QLatin1Char('0')) + QString::number(ide.tpEmis) + ide.cNF;
+    nfe.chave = chave43 + ChaveNFe::Digito(chave43);
+    ide.cDV = nfe.chave.back().digitValue();
+
+    const TNFeEndereco endereco{QStringLiteral("RUA DAS FLORES"), QStringLiteral("120"), {}, QStringLiteral("CENTRO"),
+                                QStringLiteral("3550308"), QStringLiteral("SAO PAULO"), QStringLiteral("SP"),
+                                QStringLiteral("01001000"), QStringLiteral("1058"), QStringLiteral("BRASIL"),
+                                QStringLiteral("1133334444")};
+    nfe.emitente.CNPJ = cnpjEmit;
+    nfe.emitente.xNome = QStringLiteral("DISTRIBUIDORA EXEMPLO LTDA");
+    nfe.emitente.xFant = QStringLiteral("EXEMPLO");
+    nfe.emitente.IE = QStringLiteral("110042490114");
+    nfe.emitente.CRT = 3;
+    nfe.emitente.ender = endereco;
+    nfe.destinatario.CNPJ = cnpjDest;
+    nfe.destinatario.xNome = QStringLiteral("LOJA DESTINO LTDA");
+    nfe.destinatario.indIEDest = 1;
+    nfe.destinatario.IE = QStringLiteral("111222333444");
+    nfe.destinatario.ender = endereco;
+
+    TNFeICMSTot &tot = nfe.ICMSTot;
+    for (int i = 1; i <= nItens; ++i) {
+        TItem &it = nfe.itens.Add();
+        it.nItem = i;
+        it.cProd = QStringLiteral("F%1").arg(i, 3, 10, QLatin1Char('0'));
+        it.xProd = QStringLiteral("PRODUTO EXEMPLO %1").arg(i);
+        it.NCM = QStringLiteral("22021000");
+        it.CFOP = QStringLiteral("5102");
+        it.uCom = it.uTrib = QStringLiteral("UN");
+        it.qCom = it.qTrib = 1 + i % 5;
+        const Money unitario = Money::fromRaw(100000 + i * 2500);
+        it.vUnCom = it.vUnTrib = unitario.toDouble();
+        it.vProd = unitario * std::int64_t(it.qCom);
+        it.ICMS.grupo = QStringLiteral("ICMS00");
+        it.ICMS.CST = QStringLiteral("00");
+        it.ICMS.modBC = 3;
+        it.ICMS.vBC = it.vProd;
+        it.ICMS.pICMS = 18;
+        it.ICMS.vICMS = it.vProd.times(0.18).roundTo(2);
+        it.PIS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
+        it.COFINS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
+        tot.vBC += it.ICMS.vBC;
+        tot.vICMS += it.ICMS.vICMS;
+        tot.vProd += it.vProd;
+        tot.vPIS += it.PIS.valor;
+        tot.vCOFINS += it.COFINS.valor;
+    }
+    tot.vNF = tot.vProd;
+    nfe.infCpl = QStringLiteral("Pedido 4521 & entrega <manhã>");
+    nfe.assinado = true;
+    TNFeProt &prot = nfe.prot;
+    prot.presente = true;
+    prot.tpAmb = 1;
+    prot.verAplic = QStringLiteral("SP_NFE_PL009_V4");
+    prot.chNFe = nfe.chave;
+    prot.dhRecbto = ide.dhEmi.addSecs(95);
+    prot.nProt = QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0'));
+    prot.digVal = QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=");
+    prot.cStat = 100;
+    prot.xMotivo = QStringLiteral("Autorizado o uso da NF-e");
+    return nfe;
 }
