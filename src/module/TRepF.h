@@ -109,6 +109,8 @@ public:
     QAbstractButton *NotaCancButton() const override;
     QAbstractItemView *ItensGrid() const override;
     TClientDataSet &ItensNota() override;
+    // The parts of the screen that imported items are typed into.
+    TTelaNota TelaNota();
 
 Q_SIGNALS:
     // The note list has been loaded for the first time (hosts that take pictures wait for it).
@@ -144,7 +146,6 @@ private:
     void CriarItemNota();
     // Items and the reference key from XML files (TRepF_XML.cpp).
     void CriarBotoesXML();
-    TTelaNota TelaNota();
     void ItensButtonClick();
     void XMLImportButtonClick();
     // Opens a register behind an item field, then refreshes the list that shows it.

@@ -84,6 +84,9 @@ void TRepF::ItensButtonClick()
             chaves << chave->text().trimmed();
     TRepF_ImportItens importacao(fornec, chaves, m_conexao, Contexto::Atual().pastaFiscal, QString(), TelaNota(),
                                  *m_andamento);
+    if (m_cabecState == TDataSetState::Edit)
+        if (const auto nota = m_repD->NotaAtual())
+            importacao.SetNotaAtual(nota->chave);
     importacao.Executar();
     m_andamento->Fechar();
 }

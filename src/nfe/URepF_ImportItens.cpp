@@ -1,5 +1,6 @@
 #include "URepF_ImportItens.h"
 
+#include "AvisosImportacao.h"
 #include "ExecutarModal.h"
 #include "Money.h"
 #include "TBuscaArq.h"
@@ -52,20 +53,26 @@ QString TRepF_ImportItens::localizar(const QString &chave, QString *nomeProcurad
 
 void TRepF_ImportItens::Preencher(TRepF_ImportItensF &dialogo)
 {
+    QStringList status;
+    const auto informar = [&](const QStringList &linhas) {
+        status << linhas;
+        dialogo.SetStatus(status.join(u'\n'));
+    };
     for (const QString &chave : std::as_const(m_chaves)) {
         QString nome;
         const QString caminho = localizar(chave, &nome);
         if (caminho.isEmpty()) {
-            dialogo.SetStatus(QStringLiteral("Erro arquivo não encontrado ") + nome);
+            informar({QStringLiteral("Erro arquivo não encontrado ") + nome});
             continue;
         }
-        dialogo.SetStatus(QStringLiteral("Encontrado ") + caminho);
+        informar({QStringLiteral("Encontrado ") + caminho});
         auto documento = std::make_unique<TnfeProc>();
         TNFe_XMLI leitor(*documento);
         if (!leitor.ImportarDoArq(caminho)) {
-            dialogo.SetStatus(leitor.Erro());
+            informar({leitor.Erro()});
             continue;
         }
+        informar(AvisosImportacao(m_conexao, m_tela.tela.NotaEmprCod(), *documento, m_notaAtual));
         dialogo.AdicionarDocumento(std::move(documento));
     }
     dialogo.PreencherItensOrigem();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TChaveNota.h"
 #include "TFornecDBI.h"
 #include "UDigitadorItens.h"
 
@@ -22,9 +23,13 @@ public:
                       const QString &pastaFiscal, const QString &nomeArqDanfe, const TTelaNota &tela,
                       TProgresso &andamento);
 
+    // The note being altered, left out when other notes referring to a key are looked for.
+    void SetNotaAtual(const TChaveNota &nota) { m_notaAtual = nota; }
+
     // The dialog, filled from the XML files; on OK the products total and the typing.
     void Executar();
-    // The documents of the keys into the dialog, the status telling what was found.
+    // The documents of the keys into the dialog; the status tells, a line per key, what was
+    // found, and what a careful clerk would want to know about each document.
     void Preencher(TRepF_ImportItensF &dialogo);
     // The header's products total from the destination rows, as the items will sum up.
     void AjustarTots(TRepF_ImportItensF &dialogo);
@@ -40,4 +45,5 @@ private:
     QString m_nomeArqDanfe;
     TTelaNota m_tela;
     TProgresso &m_andamento;
+    TChaveNota m_notaAtual;
 };
