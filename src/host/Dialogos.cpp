@@ -40,6 +40,11 @@ bool PerguntaDeletar()
     return TDialogos::Atual().Perguntar(TipoPergunta::Deletar, TextoPerguntaDeletar);
 }
 
+bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor)
+{
+    return TDialogos::Atual().PerguntarQtd(titulo, texto, maximo, valor);
+}
+
 QString SelectFile(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar)
 {
     return TDialogos::Atual().SelecionarArquivo(titulo, pasta, filtro, salvar);

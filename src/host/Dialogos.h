@@ -18,6 +18,8 @@ public:
     // The chosen file, or empty when the user gave up.
     virtual QString SelecionarArquivo(const QString &titulo, const QString &pasta,
                                       const QString &filtro, bool salvar) = 0;
+    // A whole number from 0 to `maximo`, starting at `valor`; true and `valor` set on OK.
+    virtual bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) = 0;
 
     static TDialogos &Atual();
     // Not owned; nullptr restores the default (the console, answering no).
@@ -36,4 +38,6 @@ void MensagemProib(const QString &texto);
 void ExibirMens(const QString &texto);
 bool Pergunta(const QString &texto);
 bool PerguntaDeletar();
+// The limited-quantity question: caption, prompt, upper limit; the answer in `valor`.
+bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor);
 QString SelectFile(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar = false);

@@ -34,3 +34,9 @@ QString TDialogosConsole::SelecionarArquivo(const QString &titulo, const QString
     m_saida << "arquivo: " << titulo << " -> nenhum escolhido" << Qt::endl;
     return {};
 }
+
+bool TDialogosConsole::PerguntarQtd(const QString &titulo, const QString &texto, double, double &)
+{
+    m_saida << "pergunta: " << titulo << ": " << texto << " -> nenhuma quantidade" << Qt::endl;
+    return false;
+}

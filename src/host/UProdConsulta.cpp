@@ -38,7 +38,47 @@ Money PrimeiroMoney(TConexaoSQL &conexao, const QString &sql)
     return q->Fields(0).AsMoney();
 }
 
+const QLatin1String SelectProdDescr(
+    "select first(1) p.prod_cod, p.descr, p.prod_fabr_cod, f.nome, p.unid_cod, u.sigla from ");
+const QLatin1String JuntarFabrUnid(
+    " left join prod_fabr f on f.prod_fabr_cod=p.prod_fabr_cod left join unid u on u.unid_cod=p.unid_cod");
+
+std::optional<TProdDescr> LerProdDescr(TConexaoSQL &conexao, const QString &sql)
+{
+    const auto q = conexao.Ab(sql);
+    if (!q)
+        return std::nullopt;
+    if (q->IsEmpty())
+        return TProdDescr();
+    return TProdDescr{q->Fields(0).AsInteger(), q->Fields(1).AsString().trimmed(), q->Fields(2).AsInteger(),
+            q->Fields(3).AsString().trimmed(), q->Fields(4).AsInteger(), q->Fields(5).AsString().trimmed()};
+}
+
 } // namespace
+
+std::optional<TProdDescr> FornecCToProdDescr(TConexaoSQL &conexao, int fornecCod, const QString &prodCodDeles)
+{
+    const QString codigo = NormalizarCodDeles(prodCodDeles);
+    if (codigo.isEmpty())
+        return TProdDescr();
+    return LerProdDescr(conexao, SelectProdDescr + QLatin1String("prod_norig n join prod p on p.prod_cod=n.prod_cod")
+                                     + JuntarFabrUnid + QLatin1String(" where n.norig=") + QuotedStr(codigo)
+                                     + QLatin1String(" and (n.fornec_cod=") + QString::number(fornecCod)
+                                     + QLatin1String(" or n.fornec_cod=0) order by n.fornec_cod desc"));
+}
+
+std::optional<TProdDescr> BarCodToProdDescr(TConexaoSQL &conexao, const QString &barCod)
+{
+    const QString codigo = barCod.trimmed();
+    if (!SoDigitos(codigo))
+        return TProdDescr();
+    const QString texto = QuotedStr(codigo);
+    // A registered bar code decides; the GTIN only when there is none.
+    return LerProdDescr(conexao, SelectProdDescr + QLatin1String("prod p") + JuntarFabrUnid
+                                     + QLatin1String(" where p.prod_cod=coalesce((select first(1) prod_cod from prod_barras where bar_cod=")
+                                     + texto + QLatin1String("), (select first(1) prod_cod from prod where gtin=") + texto
+                                     + QLatin1String(" order by prod_cod))"));
+}
 
 int FornecProdCod(TConexaoSQL &conexao, int fornecCod, const QString &prodCodDeles)
 {

@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QString>
 
+#include <optional>
+
 class TConexaoSQL;
 
 // The host's product look-ups used while an item is typed. Each sends one statement on the
@@ -16,6 +18,25 @@ class TConexaoSQL;
 // supplier wins over one registered for every supplier (fornec_cod 0). 0 when none; an empty
 // code sends nothing.
 int FornecProdCod(TConexaoSQL &conexao, int fornecCod, const QString &prodCodDeles);
+
+// A product of the system as the import of a supplier's items shows it; prodCod 0 when none.
+struct TProdDescr
+{
+    int prodCod = 0;
+    QString descr;
+    int fabrCod = 0;
+    QString fabrNome;
+    int unidCod = 0;
+    QString unidSigla;
+};
+
+// The product a supplier's code stands for, with its maker and unit; the code is read as
+// FornecProdCod reads it. One statement; nothing found gives prodCod 0, a failed statement
+// nullopt (the driver's text in the connection's UltimoErro()).
+std::optional<TProdDescr> FornecCToProdDescr(TConexaoSQL &conexao, int fornecCod, const QString &prodCodDeles);
+// The product of a bar code (an extra bar code first, else the GTIN), with its maker and unit.
+// Only an all-digit code is looked up ("SEM GTIN" finds nothing).
+std::optional<TProdDescr> BarCodToProdDescr(TConexaoSQL &conexao, const QString &barCod);
 
 // Units in one package of the product, as registered; 0 when the product or the value is missing,
 // so that the package check asks for it.

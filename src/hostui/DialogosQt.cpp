@@ -2,8 +2,12 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QInputDialog>
 #include <QMessageBox>
 #include <QPushButton>
+
+#include <algorithm>
+#include <cmath>
 
 static QString titulo(TipoMensagem tipo)
 {
@@ -54,4 +58,22 @@ QString TDialogosQt::SelecionarArquivo(const QString &titulo_, const QString &pa
     QWidget *pai = QApplication::activeWindow();
     return salvar ? QFileDialog::getSaveFileName(pai, titulo_, pasta, filtro)
                   : QFileDialog::getOpenFileName(pai, titulo_, pasta, filtro);
+}
+
+bool TDialogosQt::PerguntarQtd(const QString &titulo_, const QString &texto, double maximo, double &valor)
+{
+    // A whole number, as the "#######0" pattern of the question asks.
+    const int limite = int(std::min(std::floor(maximo), 99999999.0));
+    QInputDialog caixa(QApplication::activeWindow());
+    caixa.setWindowTitle(titulo_);
+    caixa.setLabelText(texto);
+    caixa.setInputMode(QInputDialog::IntInput);
+    caixa.setIntRange(0, std::max(limite, 0));
+    caixa.setIntValue(int(std::clamp(valor, 0.0, double(std::max(limite, 0)))));
+    caixa.setOkButtonText(QStringLiteral("OK"));
+    caixa.setCancelButtonText(QStringLiteral("Cancelar"));
+    if (caixa.exec() != QDialog::Accepted)
+        return false;
+    valor = caixa.intValue();
+    return true;
 }

@@ -10,4 +10,5 @@ public:
     bool Perguntar(TipoPergunta tipo, const QString &texto) override;
     QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro,
                               bool salvar) override;
+    bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) override;
 };

@@ -7,6 +7,7 @@
 #include "TClientDataSet.h"
 #include "TConexD.h"
 #include "TRepD.h"
+#include "TextoDataSet.h"
 
 #include <QCommandLineParser>
 #include <QRegularExpression>
@@ -41,43 +42,9 @@ int recusar(QTextStream &erros, const QString &comando, const QString &motivo, c
     return 2;
 }
 
-// One line of the listing: a tab between fields, so no field may hold a tab, a line break or any
-// other control character (an escape sequence would rewrite the terminal): each shows as a blank.
-QString campoDeLinha(QString texto)
-{
-    for (QChar &c : texto) {
-        const QChar::Category categoria = c.category();
-        if (categoria == QChar::Other_Control || categoria == QChar::Separator_Line
-            || categoria == QChar::Separator_Paragraph)
-            c = u' ';
-    }
-    return texto;
-}
-
 int indiceDe(const QString &valor, const QStringList &opcoes)
 {
     return int(opcoes.indexOf(valor.trimmed().toLower()));
-}
-
-// The list as the grid shows it: the captions of the visible columns, then one line per note.
-void imprimir(TClientDataSet &notas, QTextStream &saida)
-{
-    QList<int> visiveis;
-    QStringList titulos;
-    for (int i = 0; i < notas.FieldCount(); ++i) {
-        if (notas.Fields(i).Visible()) {
-            visiveis << i;
-            titulos << campoDeLinha(notas.Fields(i).DisplayLabel());
-        }
-    }
-    saida << titulos.join(QLatin1Char('\t')) << '\n';
-    for (int linha = 0; linha < notas.RecordCount(); ++linha) {
-        QStringList valores;
-        for (int campo : visiveis)
-            valores << campoDeLinha(notas.DisplayTextAt(linha, campo));
-        saida << valores.join(QLatin1Char('\t')) << '\n';
-    }
-    saida.flush();
 }
 
 int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
@@ -134,7 +101,9 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     TRepD repD(TConexD::Conexao());
     if (!repD.CarregarNotas(filtro))
         return 1;
-    imprimir(repD.Notas(), saida);
+    // The list as the grid shows it.
+    saida << TextoTabulado(repD.Notas());
+    saida.flush();
     return 0;
 }
 
@@ -192,6 +161,11 @@ public:
     QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar) override
     {
         return m_console.SelecionarArquivo(titulo, pasta, filtro, salvar);
+    }
+    bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) override
+    {
+        ++m_mostrados;
+        return m_console.PerguntarQtd(titulo, texto, maximo, valor);
     }
     int Mostrados() const { return m_mostrados; }
 

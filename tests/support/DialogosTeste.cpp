@@ -10,7 +10,8 @@ DialogosTeste::DialogosTeste()
 DialogosTeste::~DialogosTeste()
 {
     TDialogos::Definir(nullptr);
-    EXPECT_TRUE(m_respostas.isEmpty()) << m_respostas.size() << " scripted answer(s) never asked for";
+    EXPECT_TRUE(m_respostas.isEmpty() && m_qtds.isEmpty())
+        << m_respostas.size() + m_qtds.size() << " scripted answer(s) never asked for";
 }
 
 QString DialogosTeste::UnicaMensagem(TipoMensagem tipo) const
@@ -45,4 +46,17 @@ QString DialogosTeste::SelecionarArquivo(const QString &, const QString &, const
 {
     ADD_FAILURE() << "unscripted file choice";
     return {};
+}
+
+bool DialogosTeste::PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor)
+{
+    m_perguntasQtd.push_back({titulo, texto, maximo});
+    if (m_qtds.isEmpty()) {
+        ADD_FAILURE() << "unscripted quantity question: " << texto.toStdString();
+        return false;
+    }
+    const std::optional<double> resposta = m_qtds.takeFirst();
+    if (resposta)
+        valor = *resposta;
+    return resposta.has_value();
 }

@@ -5,6 +5,8 @@
 #include <QList>
 #include <QString>
 
+#include <optional>
+
 // Records every message and answers questions from a script; a question nobody scripted fails
 // the test. Installed as the current dialogs while it lives.
 class DialogosTeste final : public TDialogos
@@ -21,15 +23,23 @@ public:
         TipoPergunta tipo;
         QString texto;
     };
+    struct QuestaoQtd
+    {
+        QString titulo, texto;
+        double maximo;
+    };
 
     DialogosTeste();
     ~DialogosTeste() override;
 
     // Answers, in order, for the questions to come.
     void Responder(bool resposta) { m_respostas << resposta; }
+    // Answers to the quantity questions, in order; nullopt cancels.
+    void ResponderQtd(std::optional<double> qtd) { m_qtds << qtd; }
 
     const QList<Registro> &Mensagens() const { return m_mensagens; }
     const QList<Questao> &Perguntas() const { return m_perguntas; }
+    const QList<QuestaoQtd> &PerguntasQtd() const { return m_perguntasQtd; }
     // The only message shown, or an empty text with a failure when there were none or several.
     QString UnicaMensagem(TipoMensagem tipo) const;
     void Limpar() { m_mensagens.clear(); m_perguntas.clear(); }
@@ -38,9 +48,12 @@ public:
     bool Perguntar(TipoPergunta tipo, const QString &texto) override;
     QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro,
                               bool salvar) override;
+    bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) override;
 
 private:
     QList<Registro> m_mensagens;
     QList<Questao> m_perguntas;
     QList<bool> m_respostas;
+    QList<QuestaoQtd> m_perguntasQtd;
+    QList<std::optional<double>> m_qtds;
 };
