@@ -16,7 +16,9 @@ TCamposNFe<TNFeIde> Ide()
     using S = TNFeIde;
     static const TCampoNFe<S> t[] = {
         {L("cUF"), &S::cUF}, {L("cNF"), &S::cNF}, {L("natOp"), &S::natOp}, {L("mod"), &S::mod},
-        {L("serie"), &S::serie}, {L("nNF"), &S::nNF}, {L("tpNF"), &S::tpNF}, {L("idDest"), &S::idDest},
+        {L("serie"), &S::serie}, {L("nNF"), &S::nNF}, {L("dhEmi"), &S::dhEmi}, {L("dhSaiEnt"), &S::dhSaiEnt},
+        {L("dEmi"), &S::dhEmi, 0, {}, true}, {L("dSaiEnt"), &S::dhSaiEnt, 0, {}, true},
+        {L("tpNF"), &S::tpNF}, {L("idDest"), &S::idDest},
         {L("cMunFG"), &S::cMunFG}, {L("tpImp"), &S::tpImp}, {L("tpEmis"), &S::tpEmis}, {L("cDV"), &S::cDV},
         {L("tpAmb"), &S::tpAmb}, {L("finNFe"), &S::finNFe}, {L("indFinal"), &S::indFinal},
         {L("indPres"), &S::indPres}, {L("procEmi"), &S::procEmi}, {L("verProc"), &S::verProc},
@@ -68,6 +70,10 @@ TCamposNFe<TItem> Prod()
         {L("qTrib"), &S::qTrib, Qtd}, {L("vUnTrib"), &S::vUnTrib, Unit}, {L("vFrete"), &S::vFrete},
         {L("vSeg"), &S::vSeg},     {L("vDesc"), &S::vDesc},   {L("vOutro"), &S::vOutro},
         {L("indTot"), &S::indTot}, {L("xPed"), &S::xPed},     {L("nItemPed"), &S::nItemPed},
+        {L("vTotTrib"), &S::vTotTrib, 2, L("imposto")},
+        {L("pDevol"), &S::pDevol, 2, L("impostoDevol")},
+        {L("vIPIDevol"), &S::vIPIDevol, 2, L("IPI")},
+        {L("infAdProd"), &S::infAdProd, 0, L("det")},
     };
     return t;
 }
@@ -250,9 +256,16 @@ TCamposNFe<TNFeProt> Prot()
     using S = TNFeProt;
     static const TCampoNFe<S> t[] = {
         {L("tpAmb"), &S::tpAmb}, {L("verAplic"), &S::verAplic}, {L("chNFe"), &S::chNFe},
-        {L("nProt"), &S::nProt}, {L("digVal"), &S::digVal},     {L("cStat"), &S::cStat},
+        {L("dhRecbto"), &S::dhRecbto}, {L("nProt"), &S::nProt}, {L("digVal"), &S::digVal},     {L("cStat"), &S::cStat},
         {L("xMotivo"), &S::xMotivo},
     };
+    return t;
+}
+
+TCamposNFe<TnfeProc> InfAdic()
+{
+    using S = TnfeProc;
+    static const TCampoNFe<S> t[] = {{L("infAdFisco"), &S::infAdFisco}, {L("infCpl"), &S::infCpl}};
     return t;
 }
 

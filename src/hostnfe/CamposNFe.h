@@ -15,9 +15,10 @@ template<class S>
 struct TCampoNFe
 {
     QLatin1String nome;
-    std::variant<QString S::*, Money S::*, double S::*, int S::*, qint64 S::*> membro;
+    std::variant<QString S::*, Money S::*, double S::*, int S::*, qint64 S::*, QDateTime S::*> membro;
     int casas = 2;                   // decimals written (money and rates 2, quantities 4, ...)
     QLatin1String pai = {};          // the enclosing element, when the name repeats across subgroups
+    bool soLeitura = false;          // older layouts' elements: read, never written
 };
 
 template<class S>
@@ -38,6 +39,7 @@ TCamposNFe<TNFeIde> Ide();
 TCamposNFe<TPess_Emit> Emit();
 TCamposNFe<TPess_Dest> Dest();
 TCamposNFe<TNFeEndereco> Endereco();
+// prod, and under pai the item's leaves outside it (vTotTrib, impostoDevol, infAdProd).
 TCamposNFe<TItem> Prod();
 TCamposNFe<TNFeICMS> ICMS();
 TCamposNFe<TNFeIPI> IPI();
@@ -49,6 +51,7 @@ TCamposNFe<TNFeICMSTot> ICMSTot();
 TCamposNFe<TNFeIBSCBSTot> IBSCBSTot();
 TCamposNFe<TNFeTransp> Transp();
 TCamposNFe<TNFeProt> Prot();
+TCamposNFe<TnfeProc> InfAdic();
 
 // The leaves of each ICMS group (ICMS00, ICMSSN202, ...) in the layout's order, those a writer
 // may leave out marked with a trailing '?'; empty for a name that is no ICMS group.

@@ -1,0 +1,242 @@
+#include "GeradorNFe.h"
+#include "TNFe_XMLI.h"
+
+#include <gtest/gtest.h>
+
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTimeZone>
+
+namespace {
+
+const QString Chave = QStringLiteral("35261112345678000195550010000012341097720596");
+
+Money M(const char *texto)
+{
+    return *Money::parse(QString::fromLatin1(texto));
+}
+
+// A supplier's document with a group of every kind the reader keeps, spread over its items.
+TnfeProc NotaCompleta()
+{
+    TnfeProc nfe = NFeExemplo(QStringLiteral("12ABC34501DE35"), QStringLiteral("98765432000198"), 4521, 40);
+    nfe.ide.refNFe = {Chave, QStringLiteral("35261198765432000198550010000000071000000075")};
+    nfe.ide.dhSaiEnt = QDateTime(QDate(2026, 11, 21), QTime(8, 0), QTimeZone(-4 * 3600));
+    nfe.infAdFisco = QStringLiteral("ICMS ST recolhido conforme protocolo");
+    nfe.transp = {1, QStringLiteral("11222333000181"), {}, QStringLiteral("TRANSPORTES RAPIDO"), {}, {},
+                  QStringLiteral("CAMPINAS"), QStringLiteral("SP"), QStringLiteral("ABC1D23"), QStringLiteral("MG"),
+                  12, 110.5, 118.25, QStringLiteral("CAIXA"), {}, {}};
+    nfe.IBSCBSTot = {true, M("100"), M("0.10"), M("0"), M("0.10"), M("0"), M("0.90")};
+
+    TNFeICMS &st = nfe.itens.GetItem(0).ICMS;
+    st = {};
+    st.grupo = QStringLiteral("ICMS10");
+    st.CST = QStringLiteral("10");
+    st.modBC = 3;
+    st.vBC = M("100");
+    st.pICMS = 12;
+    st.vICMS = M("12");
+    st.vBCFCP = M("100");
+    st.pFCP = 2;
+    st.vFCP = M("2");
+    st.modBCST = 4;
+    st.pMVAST = 41.39;
+    st.pRedBCST = 10;
+    st.vBCST = M("127.25");
+    st.pICMSST = 18;
+    st.vICMSST = M("10.91");
+    st.vBCFCPST = M("127.25");
+    st.pFCPST = 2;
+    st.vFCPST = M("2.55");
+
+    TItem &ipi = nfe.itens.GetItem(1);
+    ipi.IPI = {true, QStringLiteral("999"), {}, QStringLiteral("50"), M("200.10"), M("13.01"), 6.5, 0, 0};
+    ipi.ICMSUFDest = {true, M("200.10"), M("200.10"), M("4.00"), M("10.01"), M("0"), 2, 20, 12, 100};
+
+    TNFeICMS &ret = nfe.itens.GetItem(2).ICMS;
+    ret = {};
+    ret.grupo = QStringLiteral("ICMS60");
+    ret.orig = 2;
+    ret.CST = QStringLiteral("60");
+    ret.vBCSTRet = M("80.40");
+    ret.pST = 18;
+    ret.vICMSSubstituto = M("9.60");
+    ret.vICMSSTRet = M("4.87");
+
+    TItem &sn = nfe.itens.GetItem(3);
+    sn.ICMS = {};
+    sn.ICMS.grupo = QStringLiteral("ICMSSN202");
+    sn.ICMS.CSOSN = QStringLiteral("202");
+    sn.ICMS.modBCST = 4;
+    sn.ICMS.vBCST = M("55.50");
+    sn.ICMS.pICMSST = 18;
+    sn.ICMS.vICMSST = M("3.21");
+    sn.PIS = {QStringLiteral("07"), {}, {}, 0};
+    sn.COFINS = {QStringLiteral("03"), {}, M("1.52"), 0, 4, 0.38};
+
+    TItem &ibs = nfe.itens.GetItem(4);
+    ibs.IBSCBS = {true, QStringLiteral("000"), QStringLiteral("000001"), M("100"), M("0.10"), M("0"), M("0.10"),
+                  M("0.90"), 0.1, 0, 0.9};
+    ibs.IPI = {true, QStringLiteral("301"), QStringLiteral("11222333000181"), QStringLiteral("53"), {}, {}, 0, 0, 0};
+
+    TItem &imp = nfe.itens.GetItem(6);
+    imp.CFOP = QStringLiteral("3102");
+    imp.cEAN = imp.cEANTrib = QStringLiteral("7891234567895");
+    imp.infAdProd = QStringLiteral("DI 26/0012345-6 <lote A&B>");
+    imp.ICMS.grupo = QStringLiteral("ICMS90");
+    imp.ICMS.CST = QStringLiteral("90");
+    imp.ICMS.pRedBC = 33.33;
+
+    TItem &dev = nfe.itens.GetItem(8);
+    dev.vFrete = M("1.11");
+    dev.vSeg = M("2.22");
+    dev.vDesc = M("0.01");
+    dev.vOutro = M("3.33");
+    dev.vTotTrib = M("7.77");
+    dev.pDevol = 50;
+    dev.vIPIDevol = M("6.50");
+    dev.qCom = 1.2345;
+    dev.vUnCom = 0.0123456789;
+    return nfe;
+}
+
+struct Lido
+{
+    TnfeProc nfe;
+    bool ok = false;
+    QString erro;
+};
+
+Lido Ler(const QByteArray &xml, const QString &nome = QStringLiteral("nota.xml"))
+{
+    Lido l;
+    TNFe_XMLI leitor(l.nfe);
+    l.ok = leitor.ImportarDoTexto(xml, nome);
+    l.erro = leitor.Erro();
+    return l;
+}
+
+} // namespace
+
+TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
+{
+    const TnfeProc nota = NotaCompleta();
+    const struct { const char *forma; OpcoesGeracao op; } formas[] = {
+        {"nfeProc assinada", {}},
+        {"NFe sem protocolo nem assinatura", {false, {}, false, false}},
+        {"prefixo nfe: e BOM", {true, QStringLiteral("nfe"), true, true}},
+    };
+    for (const auto &f : formas) {
+        const QByteArray xml = GerarXmlNFe(nota, f.op);
+        const Lido l = Ler(xml);
+        ASSERT_TRUE(l.ok) << f.forma << ": " << l.erro.toStdString();
+        // Whatever the reader missed or changed would be missing or changed here.
+        EXPECT_EQ(GerarXmlNFe(l.nfe, f.op), xml) << f.forma;
+        EXPECT_EQ(l.nfe.prot.presente, f.op.comProtocolo) << f.forma;
+        EXPECT_EQ(l.nfe.assinado, f.op.assinatura) << f.forma;
+    }
+
+    const TnfeProc l = Ler(GerarXmlNFe(nota)).nfe;
+    EXPECT_EQ(l.chave, nota.chave);
+    EXPECT_TRUE(l.chave.contains(QStringLiteral("12ABC34501DE35")));
+    EXPECT_EQ(l.emitente.CNPJ, QStringLiteral("12ABC34501DE35"));
+    EXPECT_EQ(l.ide.nNF, 4521);
+    EXPECT_EQ(l.ide.dhSaiEnt.offsetFromUtc(), -4 * 3600);
+    EXPECT_EQ(l.ide.refNFe, nota.ide.refNFe);
+    ASSERT_EQ(l.itens.Count(), 40);
+    const TItem &st = l.itens.GetItem(0);
+    EXPECT_EQ(st.ICMS.grupo, QStringLiteral("ICMS10"));
+    EXPECT_EQ(st.ICMS.vICMSST, M("10.91"));
+    EXPECT_EQ(st.ICMS.vFCPST, M("2.55"));
+    EXPECT_DOUBLE_EQ(st.ICMS.pMVAST, 41.39);
+    EXPECT_EQ(l.itens.GetItem(1).IPI.vIPI, M("13.01"));
+    EXPECT_EQ(l.itens.GetItem(1).ICMSUFDest.vICMSUFDest, M("10.01"));
+    EXPECT_EQ(l.itens.GetItem(2).ICMS.vICMSSTRet, M("4.87"));
+    EXPECT_EQ(l.itens.GetItem(3).ICMS.CSOSN, QStringLiteral("202"));
+    EXPECT_EQ(l.itens.GetItem(3).COFINS.valor, M("1.52"));
+    EXPECT_EQ(l.itens.GetItem(4).IBSCBS.vCBS, M("0.90"));
+    EXPECT_EQ(l.itens.GetItem(6).CFOP, QStringLiteral("3102"));
+    EXPECT_EQ(l.itens.GetItem(6).cEAN, QStringLiteral("7891234567895"));
+    EXPECT_EQ(l.itens.GetItem(7).cEAN, QString());   // "SEM GTIN"
+    EXPECT_EQ(l.itens.GetItem(8).vIPIDevol, M("6.50"));
+    EXPECT_EQ(l.itens.GetItem(8).vUnCom, 0.0123456789);
+    EXPECT_EQ(l.ICMSTot.vProd, nota.ICMSTot.vProd);
+    EXPECT_EQ(l.IBSCBSTot.vCBS, M("0.90"));
+    EXPECT_EQ(l.transp.UFVeic, QStringLiteral("MG"));
+    EXPECT_EQ(l.transp.UF, QStringLiteral("SP"));
+    EXPECT_EQ(l.prot.nProt, nota.prot.nProt);
+}
+
+TEST(LeitorNFe, GruposOpcionaisAusentesEDataSoDeLayoutAntigo)
+{
+    TnfeProc nota = NFeExemplo(QStringLiteral("12345678000195"), {}, 7, 1);
+    nota.destinatario = {};
+    nota.itens.GetItem(0).PIS = {};
+    nota.infCpl.clear();
+    const Lido l = Ler(GerarXmlNFe(nota, {false, {}, false, false}));
+    ASSERT_TRUE(l.ok) << l.erro.toStdString();
+    EXPECT_TRUE(l.nfe.destinatario.CNPJ.isEmpty() && l.nfe.destinatario.xNome.isEmpty());
+    const TItem &it = l.nfe.itens.GetItem(0);
+    EXPECT_FALSE(it.IPI.presente || it.ICMSUFDest.presente || it.IBSCBS.presente || l.nfe.IBSCBSTot.presente);
+    EXPECT_TRUE(it.PIS.CST.isEmpty());
+    EXPECT_EQ(it.COFINS.CST, QStringLiteral("01"));
+
+    const Lido antigo = Ler("<NFe><infNFe Id=\"NFe" + Chave.toLatin1()
+                            + "\" versao=\"2.00\"><ide><nNF>88</nNF><dEmi>2010-05-03</dEmi></ide>"
+                              "<dest><CPF>01234567890</CPF></dest></infNFe></NFe>");
+    ASSERT_TRUE(antigo.ok) << antigo.erro.toStdString();
+    EXPECT_EQ(antigo.nfe.ide.dhEmi.date(), QDate(2010, 5, 3));
+    EXPECT_EQ(antigo.nfe.destinatario.CPF, QStringLiteral("01234567890"));
+}
+
+TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
+{
+    const QByteArray boa = GerarXmlNFe(NFeExemplo(QStringLiteral("12345678000195"), {}, 1, 5));
+    QByteArray valorRuim = boa;
+    const qsizetype item3 = valorRuim.indexOf("<det nItem=\"3\">");
+    const qsizetype vProd = valorRuim.indexOf("<vProd>", item3) + 7;
+    valorRuim.replace(vProd, valorRuim.indexOf('<', vProd) - vProd, "abc");
+    const QByteArray fundo = "<NFe><infNFe>" + QByteArray("<a>").repeated(100000);
+    const struct { const char *caso; QByteArray xml; const char *trecho; } casos[] = {
+        {"vazio", "", "o arquivo está vazio"},
+        {"só BOM e brancos", "\xEF\xBB\xBF \n ", "o arquivo está vazio"},
+        {"não é XML", "%PDF-1.4 ...", "não é um arquivo XML"},
+        {"truncado", boa.left(boa.size() / 2), "truncado"},
+        {"mal formado", "<NFe><infNFe></NFe>", "XML mal formado na linha 1"},
+        {"entidade não declarada", "<NFe><infNFe>&x;</infNFe></NFe>", "XML mal formado"},
+        {"outro namespace", "<NFe xmlns=\"http://www.exemplo.com.br/nfe\"><infNFe/></NFe>", "o namespace 'http://www.exemplo.com.br/nfe'"},
+        {"outra raiz", "<html><infNFe/></html>", "o elemento raiz é <html>"},
+        {"sem infNFe", "<nfeProc xmlns=\"http://www.portalfiscal.inf.br/nfe\"><NFe/></nfeProc>", "sem o grupo <infNFe>"},
+        {"bomba de entidades",
+         "<?xml version=\"1.0\"?><!DOCTYPE NFe [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
+         "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\">]><NFe><infNFe>&c;</infNFe></NFe>",
+         "contém DTD, que não é aceita em NF-e"},
+        {"entidade externa", "<!DOCTYPE NFe [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><NFe>&x;</NFe>", "contém DTD"},
+        {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
+        {"valor mal escrito", valorRuim, "valor inválido em <vProd> do item 3: 'abc'"},
+    };
+    for (const auto &c : casos) {
+        const Lido l = Ler(c.xml, QStringLiteral("/notas/fornecedor.xml"));
+        EXPECT_FALSE(l.ok) << c.caso;
+        EXPECT_TRUE(l.erro.startsWith(QStringLiteral("/notas/fornecedor.xml: "))) << c.caso << ": " << l.erro.toStdString();
+        EXPECT_TRUE(l.erro.contains(QString::fromUtf8(c.trecho))) << c.caso << ": " << l.erro.toStdString();
+        EXPECT_TRUE(l.nfe.chave.isEmpty() && l.nfe.itens.Count() == 0) << c.caso;
+    }
+
+    QTemporaryDir pasta;
+    QFile grande(pasta.filePath(QStringLiteral("grande.xml")));
+    ASSERT_TRUE(grande.open(QIODevice::WriteOnly) && grande.resize(TNFe_XMLI::TamanhoMaximo + 1));
+    grande.close();
+    const struct { QString caminho; const char *trecho; } arquivos[] = {
+        {pasta.path(), "é uma pasta"},
+        {pasta.filePath(QStringLiteral("falta.xml")), "arquivo não encontrado"},
+        {grande.fileName(), "arquivo grande demais para uma NF-e"},
+    };
+    for (const auto &a : arquivos) {
+        TnfeProc nfe;
+        TNFe_XMLI leitor(nfe);
+        EXPECT_FALSE(leitor.ImportarDoArq(a.caminho));
+        EXPECT_TRUE(leitor.Erro().startsWith(a.caminho + QStringLiteral(": ")) && leitor.Erro().contains(QString::fromUtf8(a.trecho)))
+            << leitor.Erro().toStdString();
+    }
+}

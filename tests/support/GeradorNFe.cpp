@@ -52,12 +52,6 @@ public:
     void Fechar() { w.writeEndElement(); }
     void Texto(const QString &nome, const QString &valor) { w.writeTextElement(m_ns, nome, valor); }
     void Atributo(const QString &nome, const QString &valor) { w.writeAttribute(nome, valor); }
-    void Data(const QString &nome, const QDateTime &d)
-    {
-        if (d.isValid())
-            Texto(nome, d.toString(Qt::ISODate));
-    }
-
     // One leaf; texts only when set, numbers always unless `opcional` and zero.
     template<class S>
     void Folha(const TCampoNFe<S> &c, const S &s, bool opcional)
@@ -69,6 +63,9 @@ public:
                 if constexpr (std::is_same_v<T, QString>) {
                     if (!v.isEmpty())
                         Texto(c.nome, v);
+                } else if constexpr (std::is_same_v<T, QDateTime>) {
+                    if (v.isValid())
+                        Texto(c.nome, v.toString(Qt::ISODate));
                 } else if (!opcional || v != T{}) {
                     if constexpr (std::is_same_v<T, Money> || std::is_same_v<T, double>)
                         Texto(c.nome, Decimal(v, c.casas));
@@ -85,7 +82,7 @@ public:
                 const std::function<void(QLatin1String)> &depois = {})
     {
         for (const TCampoNFe<S> &c : campos) {
-            if (c.pai != pai)
+            if (c.pai != pai || c.soLeitura)
                 continue;
             Folha(c, s, omitirZero.contains(c.nome));
             if (depois)
@@ -172,7 +169,7 @@ void EscreverImposto(TEscritor &e, const TItem &it)
 {
     using namespace CamposNFe;
     if (it.vTotTrib != Money())
-        e.Texto(QStringLiteral("vTotTrib"), Decimal(it.vTotTrib, 2));
+        e.Folha(*AcharCampo(Prod(), QStringView(u"vTotTrib"), QStringView(u"imposto")), it, false);
     e.Grupo(QStringLiteral("ICMS"), [&] {
         const QString grupo = it.ICMS.grupo.isEmpty() ? QStringLiteral("ICMS00") : it.ICMS.grupo;
         e.Grupo(grupo, [&] {
@@ -240,12 +237,11 @@ void EscreverItem(TEscritor &e, const TItem &original)
     e.Grupo(QStringLiteral("imposto"), [&] { EscreverImposto(e, it); });
     if (it.pDevol != 0 || it.vIPIDevol != Money()) {
         e.Grupo(QStringLiteral("impostoDevol"), [&] {
-            e.Texto(QStringLiteral("pDevol"), Decimal(it.pDevol, 2));
-            e.Grupo(QStringLiteral("IPI"), [&] { e.Texto(QStringLiteral("vIPIDevol"), Decimal(it.vIPIDevol, 2)); });
+            e.Folhas(CamposNFe::Prod(), it, QLatin1String("impostoDevol"));
+            e.Grupo(QStringLiteral("IPI"), [&] { e.Folhas(CamposNFe::Prod(), it, QLatin1String("IPI")); });
         });
     }
-    if (!it.infAdProd.isEmpty())
-        e.Texto(QStringLiteral("infAdProd"), it.infAdProd);
+    e.Folhas(CamposNFe::Prod(), it, QLatin1String("det"));
     e.Fechar();
 }
 
@@ -296,10 +292,7 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
     e.Atributo(QStringLiteral("versao"), nfe.versao.isEmpty() ? QStringLiteral("4.00") : nfe.versao);
     e.Grupo(QStringLiteral("ide"), [&] {
         e.Folhas(Ide(), nfe.ide, {}, {}, [&](QLatin1String nome) {
-            if (nome == QLatin1String("nNF")) {
-                e.Data(QStringLiteral("dhEmi"), nfe.ide.dhEmi);
-                e.Data(QStringLiteral("dhSaiEnt"), nfe.ide.dhSaiEnt);
-            } else if (nome == QLatin1String("verProc")) {
+            if (nome == QLatin1String("verProc")) {
                 for (const QString &ref : nfe.ide.refNFe)
                     e.Grupo(QStringLiteral("NFref"), [&] { e.Texto(QStringLiteral("refNFe"), ref); });
             }
@@ -338,14 +331,8 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
             e.Texto(QStringLiteral("vPag"), Decimal(nfe.ICMSTot.vNF, 2));
         });
     });
-    if (!nfe.infAdFisco.isEmpty() || !nfe.infCpl.isEmpty()) {
-        e.Grupo(QStringLiteral("infAdic"), [&] {
-            if (!nfe.infAdFisco.isEmpty())
-                e.Texto(QStringLiteral("infAdFisco"), nfe.infAdFisco);
-            if (!nfe.infCpl.isEmpty())
-                e.Texto(QStringLiteral("infCpl"), nfe.infCpl);
-        });
-    }
+    if (!nfe.infAdFisco.isEmpty() || !nfe.infCpl.isEmpty())
+        e.Grupo(QStringLiteral("infAdic"), [&] { e.Folhas(CamposNFe::InfAdic(), nfe); });
     e.Fechar();
 }
 
@@ -374,10 +361,7 @@ QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
                 e.Grupo(QStringLiteral("protNFe"), [&] {
                     versao();
                     e.Grupo(QStringLiteral("infProt"), [&] {
-                        e.Folhas(CamposNFe::Prot(), nfe.prot, {}, {}, [&](QLatin1String nome) {
-                            if (nome == QLatin1String("chNFe"))
-                                e.Data(QStringLiteral("dhRecbto"), nfe.prot.dhRecbto);
-                        });
+                        e.Folhas(CamposNFe::Prot(), nfe.prot);
                     });
                 });
             });
