@@ -2,6 +2,7 @@
 // through the panel's own search, price calculation and insertion, as a clerk's would. The
 // documented pauses are upper bounds that end when the panel is done, so 100 items take seconds.
 #include "BancoTeste.h"
+#include "TAndamento.h"
 #include "Database.h"
 #include "GeradorNFe.h"
 #include "Medicao.h"
@@ -81,10 +82,11 @@ int main(int argc, char **argv)
     BancoTeste::FixarRelogio();
     QTemporaryDir pasta;
     QTextStream out(stdout);
-    TDadosBanco banco;
+    TDadosBanco modelo, banco;
+    modelo.database = pasta.filePath(QStringLiteral("modelo.fdb"));
     banco.database = pasta.filePath(QStringLiteral("digitar.fdb"));
     QString erro;
-    if (!BancoTeste::Criar(banco, Dados(), false, &erro) || !BancoTeste::Copiar(banco.database, banco, &erro)) {
+    if (!BancoTeste::Criar(modelo, Dados(), false, &erro) || !BancoTeste::Copiar(modelo.database, banco, &erro)) {
         QTextStream(stderr) << erro << Qt::endl;
         return 1;
     }

@@ -2,6 +2,7 @@
 #include "TRepF.h"
 
 #include "ChaveNFe.h"
+#include "Config.h"
 #include "Contexto.h"
 #include "Dialogos.h"
 #include "TAndamento.h"
