@@ -48,18 +48,18 @@ protected:
         ItemEntrada::TearDown();
     }
 
-    QString itensDigitados()
+    std::string itensDigitados()
     {
         QStringList linhas;
         TClientDataSet &ds = itens();
         for (ds.First(); !ds.Eof(); ds.Next()) {
             QStringList l;
             for (const char *c : {"PROD_COD", "EMB_QTD", "QTD_EMBS", "CUSTO_TOT", "DESCONTO", "cfop", "icms_perc",
-                                  "icms_st_bc_mod", "icms_st_perc_ad", "icms_st_perc_red", "icms_perc_red"})
+                                  "icms_st_bc_mod", "icms_st_perc_ad", "icms_st_perc_red", "icms_perc_red", "cst"})
                 l << QString::number(ds.FieldByName(QLatin1String(c)).AsFloat());
             linhas << l.join(u' ');
         }
-        return linhas.join(QStringLiteral("; "));
+        return linhas.join(QStringLiteral("; ")).toStdString();
     }
 
     QTemporaryDir fiscal;
@@ -100,8 +100,8 @@ TEST_F(ImportarItensXML, AReturnFromTwoDocumentsTypedIntoThePanel)
         << status.join(u'\n').toStdString();
 
     // product, units per package, packages, total cost, discount, CFOP, ICMS %, ST mode, MVA,
-    // ST base reduction, and the ICMS base reduction that takes the ST one.
-    EXPECT_EQ(itensDigitados(), "1 1 1 10.25 0.5 5102 18 4 40 25 25; 1 1 2 20.5 1 5102 18 4 40 25 25");
+    // ST base reduction, the ICMS base reduction that takes the ST one, CST.
+    EXPECT_EQ(itensDigitados(), "1 1 1 10.25 0.5 5102 18 4 40 25 25 70; 1 1 2 20.5 1 5102 18 4 40 25 25 70");
     // 1 x (10,25 - 0,50) + 2 x (20,50 - 1,00) / 2
     EXPECT_EQ(h->TotProdNumEditBR()->text(), QStringLiteral("29,25"));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
@@ -132,4 +132,40 @@ TEST_F(ImportarItensXML, ARetornoDeComodatoNeedsNoSupplier)
     h->ItensButton()->click();
     EXPECT_EQ(notas, 0);
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+}
+
+TEST_F(ImportarItensXML, TheXMLButtonTypesAComodatoReturnAndFilesOtherKeys)
+{
+    QTemporaryDir origem;
+    // The company's own shipment: its codes are the products'; product 2 comes in packages of 12.
+    TnfeProc remessa = Documento(301, 2);
+    remessa.itens.GetItem(0).cProd = QStringLiteral("1");
+    TItem &simples = remessa.itens.GetItem(1);
+    simples.cProd = QStringLiteral("2");
+    simples.ICMS.grupo = QStringLiteral("ICMSSN102");
+    simples.ICMS.CST.clear();
+    simples.ICMS.CSOSN = QStringLiteral("102");
+    const QString arquivo = origem.filePath(QStringLiteral("remessa.xml"));
+    ASSERT_TRUE(GravarXmlNFe(arquivo, remessa));
+
+    abrir();
+    novaNota(5);
+    dialogos.ResponderArquivo(arquivo);
+    h->XMLImportButton()->click();
+    EXPECT_EQ(h->NFEChaveRefLabeledEdit()->text(), remessa.chave);
+    EXPECT_EQ(itensDigitados(), "1 1 2 20.5 1 5102 18 4 40 25 25 70; 2 1 3 31.5 0 5102 0 0 0 0 0 102");
+    h->XMLImportButton()->click();
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Não é permitido importar de XML se a nota já possui itens"));
+
+    secao("another type takes the key and files the XML; the folder is offered next time");
+    h->TipoDocComboBox()->setCurrentIndex(0);
+    h->NFEChaveRefLabeledEdit()->clear();
+    dialogos.ResponderArquivo(arquivo);
+    h->XMLImportButton()->click();
+    EXPECT_EQ(h->NFEChaveRefLabeledEdit()->text(), remessa.chave);
+    EXPECT_TRUE(QFile::exists(QDir(fiscal.path()).filePath(QStringLiteral("NFe_Entr/2026/11/remessa.xml"))));
+    const auto &escolhas = dialogos.EscolhasArquivo();
+    ASSERT_EQ(escolhas.size(), 2);
+    EXPECT_EQ(escolhas.at(0).titulo + ' ' + escolhas.at(0).filtro, "Indique o arquivo XML DANFE *.XML|*.xml|*.*|*.*");
+    EXPECT_EQ(escolhas.at(1).pasta, QFileInfo(arquivo).absolutePath());
 }
