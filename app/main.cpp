@@ -19,7 +19,8 @@ void erro(const QString &texto)
     QTextStream(stderr) << "pavrel: " << texto << Qt::endl;
 }
 
-const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--create-database", "--screenshot"};
+const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--fiscal-folder",
+                                   "--create-database", "--screenshot"};
 
 // What the command line asks for decides whether a display is needed at all.
 enum class Modo { Tela, Foto, SemTela };
@@ -150,6 +151,9 @@ void prepararOpcoes(QCommandLineParser &parser)
         {QStringLiteral("company"), QStringLiteral("Código da empresa (padrão 1)."), QStringLiteral("N")},
         {QStringLiteral("station"), QStringLiteral("Código da estação de trabalho (padrão 1)."), QStringLiteral("N")},
         {QStringLiteral("debug"), QStringLiteral("Nível de depuração (modo_debug)."), QStringLiteral("N")},
+        {QStringLiteral("fiscal-folder"), QStringLiteral("Pasta fiscal, onde ficam os XML das NF-e (padrão: PAVREL_FISCAL_FOLDER, "
+                                                         "a configuração PASTA_FISCAL, senão \"fiscal\" na pasta de dados do usuário)."),
+         QStringLiteral("PATH")},
         {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
         {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
         {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
@@ -206,7 +210,8 @@ int main(int argc, char **argv)
     if (!ok)
         return 2;
     const QByteArray database = parser.value(QStringLiteral("database")).toUtf8();
-    if (!iniciar(database.constData(), empresa, estacao, debug, &mensagem)) {
+    const QByteArray pastaFiscal = parser.value(QStringLiteral("fiscal-folder")).toUtf8();
+    if (!iniciar(database.constData(), empresa, estacao, debug, pastaFiscal.constData(), &mensagem)) {
         erro(mensagem);
         return 1;
     }

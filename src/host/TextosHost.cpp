@@ -13,3 +13,22 @@ QString DataSetStateToString(TDataSetState estado, const QString &nome, int esti
         return nome + QStringLiteral(" - ") + palavra;
     return palavra;
 }
+
+QString SoDig(const QString &texto)
+{
+    QString digitos;
+    for (const QChar c : texto)
+        if (c >= QLatin1Char('0') && c <= QLatin1Char('9'))
+            digitos += c;
+    return digitos;
+}
+
+QString CodComMasc(const QString &codigo)
+{
+    const QString c = codigo.trimmed();
+    if (c.size() == 14)
+        return c.left(2) + u'.' + c.mid(2, 3) + u'.' + c.mid(5, 3) + u'/' + c.mid(8, 4) + u'-' + c.right(2);
+    if (c.size() == 11)
+        return c.left(3) + u'.' + c.mid(3, 3) + u'.' + c.mid(6, 3) + u'-' + c.right(2);
+    return codigo;
+}

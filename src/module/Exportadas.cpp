@@ -7,6 +7,7 @@
 #include "PavrelExports.h"
 #include "TProgressForm.h"
 #include "TRepF.h"
+#include "UNfeChavesRefListaExec.h"
 
 #include <QCoreApplication>
 #include <QTextStream>
@@ -36,10 +37,12 @@ Q_DECL_EXPORT const char *PavrelVersao()
     return versao.constData();
 }
 
-Q_DECL_EXPORT bool PavrelIniciar(const char *database, int empresa, int estacao, int modoDebug, QString *erro)
+Q_DECL_EXPORT bool PavrelIniciar(const char *database, int empresa, int estacao, int modoDebug,
+                                 const char *fiscalFolder, QString *erro)
 {
     TDadosHost dados;
     dados.database = QString::fromUtf8(database);
+    dados.pastaFiscal = QString::fromUtf8(fiscalFolder);
     dados.empresa = empresa;
     dados.estacao = estacao;
     dados.modoDebug = modoDebug;
@@ -73,6 +76,16 @@ Q_DECL_EXPORT QVariant AbrirRep()
     auto *tela = new TRepF;
     QObject::connect(qApp, &QCoreApplication::aboutToQuit, tela, &QObject::deleteLater);
     return QVariant::fromValue(static_cast<QWidget *>(tela));
+}
+
+Q_DECL_EXPORT bool NfeChavesRefListaExec(int emprCod, int estacaoCod, int compraCod, int emprCodSelecionada,
+                                         QStringList *chaves, TConexaoSQL *conexao, const QString *uf,
+                                         const QString *textoContexto1, const QMetaObject *classeTela,
+                                         const QString *textoContexto2, int valorContexto)
+{
+    InstalarJanelas();
+    return NfeChavesRefListaExec(emprCod, estacaoCod, compraCod, emprCodSelecionada, *chaves, *conexao, *uf,
+                                 *textoContexto1, classeTela, *textoContexto2, valorContexto);
 }
 
 } // extern "C"

@@ -2,6 +2,7 @@
 
 #include "Contexto.h"
 #include "Database.h"
+#include "PastaFiscal.h"
 #include "TConexaoSQL.h"
 #include "TConsultasDBI.h"
 
@@ -24,6 +25,7 @@ TDadosHost Completar(TDadosHost dados)
         dados.empresa = qMax(1, ambiente.value(QStringLiteral("PAVREL_COMPANY")).toInt());
     if (dados.estacao <= 0)
         dados.estacao = qMax(1, ambiente.value(QStringLiteral("PAVREL_STATION")).toInt());
+    dados.pastaFiscal = ResolverPastaFiscal(dados.pastaFiscal);
     return dados;
 }
 
@@ -35,6 +37,7 @@ bool Iniciar(const TDadosHost &dadosHost, QString *erro)
     contexto.empresa = dados.empresa;
     contexto.estacao = dados.estacao;
     contexto.modoDebug = dados.modoDebug;
+    contexto.pastaFiscal = dados.pastaFiscal;
 
     if (dados.database == Database::DefaultPath() && !QFileInfo::exists(dados.database)
         && !Database::CreateWithSchema(contexto.banco, true, erro)) {

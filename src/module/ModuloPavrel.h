@@ -9,6 +9,7 @@ struct TDadosHost
     int empresa = 0;        // 0: PAVREL_COMPANY, else 1
     int estacao = 0;        // 0: PAVREL_STATION, else 1
     int modoDebug = 0;
+    QString pastaFiscal;    // empty: PAVREL_FISCAL_FOLDER, the configuration store, the default
 };
 
 namespace ModuloPavrel {

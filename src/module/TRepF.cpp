@@ -1,6 +1,8 @@
 #include "TRepF.h"
 
 #include "Config.h"
+#include "Contexto.h"
+#include "Debug.h"
 #include "Dialogos.h"
 #include "ImpressoraFiscal.h"
 #include "TAcoesNota.h"
@@ -18,6 +20,7 @@
 #include "TTotaisBar.h"
 #include "TClientManager.h"
 #include "TextosHost.h"
+#include "UNfeChavesRefListaExec.h"
 #include "UTipoDoc.h"
 #include "Valores.h"
 
@@ -61,6 +64,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     m_edNotaPanel->TipoDocComboBox()->addItems(TipoDoc::TextosCombo());
     connect(m_edNotaPanel->TipoDocComboBox(), &QComboBox::currentIndexChanged, this, &TRepF::TipoDocComboBoxChange);
     connect(m_edNotaPanel->NotaCancButton(), &QAbstractButton::clicked, this, &TRepF::CancelarEdicaoNota);
+    connect(m_edNotaPanel->ListaButton(), &QAbstractButton::clicked, this, &TRepF::ListaButtonClick);
     connect(m_edNotaPanel->NotaOkButton(), &QAbstractButton::clicked, this, [this] {
         // A check that refused as the focus left its field pulled the focus back there: the
         // click that moved it does not confirm as well.
@@ -349,6 +353,26 @@ void TRepF::AltActExecute()
             return;
     }
     AbrirEdicaoNota(TDataSetState::Edit);
+}
+
+void TRepF::ListaButtonClick()
+{
+    const QList<QLineEdit *> &edits = m_edNotaPanel->ChavesRef();
+    // Key 1 always, the others only when filled: blanks are squeezed out and later keys move up.
+    QStringList chaves{edits.first()->text()};
+    for (qsizetype i = 1; i < edits.size(); ++i)
+        if (!edits.at(i)->text().isEmpty())
+            chaves << edits.at(i)->text();
+    const Contexto &contexto = Contexto::Atual();
+    const TChaveNota nota = m_cabec->Chave();
+    RastroHook(QStringLiteral("vai chamar NfeChaveRefExec"));
+    NfeChavesRefListaExec(nota.emprCod, nota.estacaoCod, nota.compraCod, m_cabec->EmprCod(), chaves, m_conexao,
+                          contexto.ufEmpresa.left(2), contexto.pastaFiscal, &TChildMDIBasF::staticMetaObject,
+                          contexto.usuario, contexto.estacao, this);
+    RastroHook(QStringLiteral("retornou de NfeChaveRefExec"));
+    // Confirmed or not, the list comes back with at least five keys.
+    for (qsizetype i = 0; i < edits.size(); ++i)
+        edits.at(i)->setText(chaves.value(i));
 }
 
 bool TRepF::ConfirmarNota()

@@ -94,6 +94,8 @@ public:
     bool ConfirmarNota();
     // Leaves the header editing without saving.
     void CancelarEdicaoNota();
+    // "&Lista": the five reference keys through the list dialog, compacted even on cancel.
+    void ListaButtonClick();
 
     // Item entry (TRepF_Itens.cpp): the item panel's controller and what it asks of the screen.
     TItemNota &ItemNota() { return *m_itemNota; }

@@ -1,10 +1,10 @@
 // The note's items and reference key from NF-e XML files, and the "NFe de Interesse" module.
 #include "TRepF.h"
 
-#include "ChaveNFe.h"
 #include "Config.h"
 #include "Contexto.h"
 #include "Dialogos.h"
+#include "PastaFiscal.h"
 #include "TAndamento.h"
 #include "TEdNotaPanel.h"
 #include "TFornecDBI.h"
@@ -83,8 +83,13 @@ void TRepF::ItensButtonClick()
     for (const QLineEdit *chave : m_edNotaPanel->ChavesRef())
         if (!chave->text().trimmed().isEmpty())
             chaves << chave->text().trimmed();
-    TRepF_ImportItens importacao(fornec, chaves, m_conexao, Contexto::Atual().pastaFiscal, QString(), TelaNota(),
-                                 *m_andamento);
+    QString erro;
+    const QString pastaFiscal = PastaFiscal(&erro);
+    if (pastaFiscal.isEmpty()) {
+        MensagemErro(erro);
+        return;
+    }
+    TRepF_ImportItens importacao(fornec, chaves, m_conexao, pastaFiscal, QString(), TelaNota(), *m_andamento);
     if (m_cabecState == TDataSetState::Edit)
         if (const auto nota = m_repD->NotaAtual())
             importacao.SetNotaAtual(nota->chave);
@@ -104,14 +109,19 @@ void TRepF::XMLImportButtonClick()
         const QString arquivo = EscolherXML();
         if (arquivo.isEmpty())
             return;
-        chaveRef->setText(NomeXMLToNFEChave(arquivo));
+        chaveRef->setText(TRepD::NomeXMLToNFEChave(arquivo));
         CarregarDoXML(TelaNota(), arquivo);
         return;
     }
     const QString arquivo = EscolherXML();
     if (arquivo.isEmpty())
         return;
-    chaveRef->setText(NomeXMLToNFEChave(arquivo));
-    TrazerXML(arquivo, Contexto::Atual().pastaFiscal);
+    chaveRef->setText(TRepD::NomeXMLToNFEChave(arquivo));
+    QString erro;
+    const QString pastaFiscal = PastaFiscal(&erro);
+    if (pastaFiscal.isEmpty())
+        MensagemErro(erro);
+    else
+        TrazerXML(arquivo, pastaFiscal);
     chaveRef->setFocus(Qt::OtherFocusReason);
 }

@@ -353,7 +353,7 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     auto *aba = new QWidget;
     aba->setObjectName(QStringLiteral("ReferenciasAba"));
 
-    auto *grupo = new QGroupBox(tr("Chaves de acesso das NF-e referenciadas (44 dígitos)"), aba);
+    auto *grupo = new QGroupBox(tr("Chaves de acesso das NF-e referenciadas (44 caracteres)"), aba);
     grupo->setObjectName(QStringLiteral("ReferenciasGroupBox"));
     GradeRotulada grade(grupo, m_campos);
     const char *nomes[] = {"NFEChaveRefLabeledEdit", "NFEChaveRef2LabeledEdit", "NFEChaveRef3LabeledEdit",
@@ -362,32 +362,43 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     for (const char *nome : nomes) {
         auto *chave = new QLineEdit(grupo);
         chave->setObjectName(QLatin1String(nome));
-        FiltroTeclas::AplicarDigitos(chave, 44);
+        // Upper case: the alphanumeric CNPJ puts letters in the keys.
+        FiltroTeclas::Aplicar(chave, FiltroTeclas::CaracteresPlaca, 44);
         chave->setFixedWidth(LarguraPara(chave, QString(45, QLatin1Char('9'))));
+        if (ordem == 0)
+            chave->setToolTip(tr("Chave NFE da Nota a que se refere a devolução"));
         m_chavesRef.append(chave);
         grade.Par(ordem, 0, tr("Chave &%1").arg(ordem + 1), chave);
         ++ordem;
     }
     grade.Fechar();
 
+    m_listaButton = new QPushButton(tr("&Lista"), aba);
+    m_listaButton->setObjectName(QStringLiteral("ListaButton"));
+    m_listaButton->setToolTip(tr("Lista de chaves de referência"));
+    m_listaButton->setAutoDefault(false);
+
     // The key of one chosen XML file into the first key.
     m_xmlImportButton = new QPushButton(tr("&XML"), grupo);
     m_xmlImportButton->setObjectName(QStringLiteral("XMLImportButton"));
     m_xmlImportButton->setToolTip(QStringLiteral("Importar chave do XML da venda de referência"));
+    m_xmlImportButton->setAutoDefault(false);
     grade.Layout()->addWidget(m_xmlImportButton, 0, 2, Qt::AlignLeft);
 
     auto *caixa = new QHBoxLayout(aba);
     caixa->setContentsMargins(4, 4, 4, 4);
     caixa->addWidget(grupo);
+    auto *botoes = new QVBoxLayout;
+    botoes->addWidget(m_listaButton);
 
     // The items of the keys' XML files into the note.
-    auto *botoesXml = new QVBoxLayout;
     m_itensButton = new QPushButton(tr("&Itens pelo XML"), aba);
     m_itensButton->setObjectName(QStringLiteral("ItensButton"));
     m_itensButton->setToolTip(QStringLiteral("Importar itens de todos xmls da lista"));
-    botoesXml->addWidget(m_itensButton);
-    botoesXml->addStretch();
-    caixa->addLayout(botoesXml);
+    m_itensButton->setAutoDefault(false);
+    botoes->addWidget(m_itensButton);
+    botoes->addStretch();
+    caixa->addLayout(botoes);
     return aba;
 }
 

@@ -80,6 +80,7 @@ public:
     QLineEdit *NFEChaveRef5LabeledEdit() const { return m_chavesRef[4]; }
     // The five referenced keys, first to fifth.
     const QList<QLineEdit *> &ChavesRef() const { return m_chavesRef; }
+    QPushButton *ListaButton() const { return m_listaButton; }
     // Items from the keys' XML files; the key of one XML file.
     QPushButton *ItensButton() const { return m_itensButton; }
     QPushButton *XMLImportButton() const { return m_xmlImportButton; }
@@ -149,6 +150,7 @@ private:
     TNumEditBR *m_fretePesoBrutoNumEditBR = nullptr;
 
     QList<QLineEdit *> m_chavesRef;
+    QPushButton *m_listaButton = nullptr;
     QPushButton *m_itensButton = nullptr;
     QPushButton *m_xmlImportButton = nullptr;
 

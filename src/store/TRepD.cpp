@@ -1,5 +1,6 @@
 #include "TRepD.h"
 
+#include "ChaveNFe.h"
 #include "Debug.h"
 #include "Dialogos.h"
 #include "TClientDataSet.h"
@@ -459,4 +460,9 @@ QString TRepD::MontarItens(int emprCod, int compraCod, std::vector<TItemGravar> 
         gravar.push_back(std::move(g));
     }
     return {};
+}
+
+QString TRepD::NomeXMLToNFEChave(const QString &FileName)
+{
+    return ::NomeXMLToNFEChave(FileName);
 }

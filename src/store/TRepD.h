@@ -57,6 +57,8 @@ public:
 
     // The list statement for a filter: no order by, conditions joined by " and ".
     static QString SqlNotas(const TFiltroNotas &filtro);
+    // The digits of the NF-e key in the file's content (its Id attribute); empty when none.
+    static QString NomeXMLToNFEChave(const QString &FileName);
     // Fills the list; false (with the driver's message shown) when the database fails.
     // The rows come sorted by the grid's current sort column, the cursor on the first one.
     bool CarregarNotas(const TFiltroNotas &filtro);

@@ -111,7 +111,7 @@ TEST_F(EdNotaPanel, FitsShowsValuesWholeKeepsWhatTheFieldAcceptsAndHasUniqueAcce
         {"PlateDropsAccentedLetters", "FreteReboque1PlacaLabeledEdit", "çab1", "AB1"},
         {"SecondTrailerPlate", "FreteReboque2PlacaLabeledEdit", "rst 9z8", "RST9Z8"},
         {"UFTakesTwoLetters", "FreteVeiUFLabeledEdit", "spr", "SP"}, {"UFRefusesDigits", "FreteReboque1UFLabeledEdit", "1p2r", "PR"},
-        {"SecondTrailerUF", "FreteReboque2UFLabeledEdit", "m-g", "MG"}, {"KeyTakesDigitsOnly", "NFEChaveRefLabeledEdit", "3524 0412.345a6", "352404123456"},
+        {"SecondTrailerUF", "FreteReboque2UFLabeledEdit", "m-g", "MG"}, {"KeyUpperCasesLettersDropsTheRest", "NFEChaveRefLabeledEdit", "3524 0412.345a6", "35240412345A6"},
         {"KeyStopsAt44", "NFEChaveRef5LabeledEdit", "35240412345678000190550010000012341000012345999",
          "35240412345678000190550010000012341000012345"},
     };
