@@ -110,7 +110,7 @@ void TRepF::XMLImportButtonClick()
         if (arquivo.isEmpty())
             return;
         chaveRef->setText(TRepD::NomeXMLToNFEChave(arquivo));
-        CarregarDoXML(TelaNota(), arquivo);
+        CarregarDoXML(TelaNota(), arquivo, *m_andamento);
         return;
     }
     const QString arquivo = EscolherXML();

@@ -58,7 +58,7 @@ QHash<QString, QString> ValoresDoItem(const TItem &item)
 
 } // namespace
 
-bool CarregarDoXML(const TTelaNota &Form, const QString &FileName)
+bool CarregarDoXML(const TTelaNota &Form, const QString &FileName, TProgresso &andamento)
 {
     TnfeProc nfe;
     TNFe_XMLI leitor(nfe);
@@ -67,7 +67,6 @@ bool CarregarDoXML(const TTelaNota &Form, const QString &FileName)
         return false;
     }
     const TItemList &itens = nfe.ItemList();
-    TProgresso &andamento = TProgresso::Janela();
     andamento.Exibir(QStringLiteral("Inserindo itens..."), itens.Count());
     TDigitadorItens digitador(Form);
     for (int i = 0; i < itens.Count(); ++i) {
