@@ -99,24 +99,22 @@ void TRepF::ItensButtonClick()
 
 void TRepF::XMLImportButtonClick()
 {
-    QLineEdit *chaveRef = m_edNotaPanel->NFEChaveRefLabeledEdit();
-    if (TipoDocSelecionado() == TipoDoc::RetornoComodato) {
-        if (!ItensNota().IsEmpty()) {
-            MensagemErro(MsgNotaComItens);
-            m_itemPanel->BuscaLabeledEdit()->setFocus(Qt::OtherFocusReason);
-            return;
-        }
-        const QString arquivo = EscolherXML();
-        if (arquivo.isEmpty())
-            return;
-        chaveRef->setText(TRepD::NomeXMLToNFEChave(arquivo));
-        CarregarDoXML(TelaNota(), arquivo, *m_andamento);
+    // A return of lent goods takes its items from the XML of the goods that went out.
+    const bool comodato = TipoDocSelecionado() == TipoDoc::RetornoComodato;
+    if (comodato && !ItensNota().IsEmpty()) {
+        MensagemErro(MsgNotaComItens);
+        m_itemPanel->BuscaLabeledEdit()->setFocus(Qt::OtherFocusReason);
         return;
     }
     const QString arquivo = EscolherXML();
     if (arquivo.isEmpty())
         return;
+    QLineEdit *chaveRef = m_edNotaPanel->NFEChaveRefLabeledEdit();
     chaveRef->setText(TRepD::NomeXMLToNFEChave(arquivo));
+    if (comodato) {
+        CarregarDoXML(TelaNota(), arquivo, *m_andamento);
+        return;
+    }
     QString erro;
     const QString pastaFiscal = PastaFiscal(&erro);
     if (pastaFiscal.isEmpty())
