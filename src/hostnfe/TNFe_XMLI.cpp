@@ -105,7 +105,7 @@ private:
     // The text of the current element, trimmed; elements inside it are skipped.
     QStringView Texto()
     {
-        m_texto.clear();
+        m_texto.resize(0);   // keeps the capacity: one buffer for every leaf
         for (int nivel = 1; nivel > 0;) {
             switch (Avancar()) {
             case QXmlStreamReader::Characters:
@@ -375,19 +375,28 @@ bool TNFe_XMLI::ImportarDoArq(const QString &FileName)
     m_nfe = TnfeProc{};
     const QFileInfo info(FileName);
     QFile arquivo(FileName);
+    const auto grandeDemais = [&](qint64 tamanho) {
+        return QStringLiteral("%1: arquivo grande demais para uma NF-e (%2 MB; o limite é %3 MB)")
+            .arg(FileName)
+            .arg(tamanho / (1024 * 1024))
+            .arg(TamanhoMaximo / (1024 * 1024));
+    };
     if (!info.exists())
         m_erro = QStringLiteral("%1: arquivo não encontrado").arg(FileName);
     else if (info.isDir())
         m_erro = QStringLiteral("%1: é uma pasta, não um arquivo").arg(FileName);
+    else if (!info.isFile())   // a device or a pipe could block or never end
+        m_erro = QStringLiteral("%1: não é um arquivo comum").arg(FileName);
     else if (info.size() > TamanhoMaximo)
-        m_erro = QStringLiteral("%1: arquivo grande demais para uma NF-e (%2 MB; o limite é %3 MB)")
-                     .arg(FileName)
-                     .arg(info.size() / (1024 * 1024))
-                     .arg(TamanhoMaximo / (1024 * 1024));
+        m_erro = grandeDemais(info.size());
     else if (!arquivo.open(QIODevice::ReadOnly))
+        m_erro = QStringLiteral("%1: não foi possível abrir o arquivo (%2)").arg(FileName, arquivo.errorString());
+    else if (const QByteArray xml = arquivo.read(TamanhoMaximo + 1); arquivo.error() != QFileDevice::NoError)
         m_erro = QStringLiteral("%1: não foi possível ler o arquivo (%2)").arg(FileName, arquivo.errorString());
+    else if (xml.size() > TamanhoMaximo)
+        m_erro = grandeDemais(xml.size());
     else
-        return ImportarDoTexto(arquivo.readAll(), FileName);
+        return ImportarDoTexto(xml, FileName);
     return false;
 }
 

@@ -231,6 +231,7 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
         {pasta.path(), "é uma pasta"},
         {pasta.filePath(QStringLiteral("falta.xml")), "arquivo não encontrado"},
         {grande.fileName(), "arquivo grande demais para uma NF-e"},
+        {QStringLiteral("/dev/zero"), "não é um arquivo comum"},
     };
     for (const auto &a : arquivos) {
         TnfeProc nfe;
