@@ -6,6 +6,8 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+#include <cmath>
+
 namespace {
 
 const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
@@ -89,27 +91,14 @@ private:
         }
     }
 
-    void Pular()
-    {
-        for (int nivel = 1; nivel > 0;) {
-            switch (Avancar()) {
-            case QXmlStreamReader::StartElement: ++nivel; break;
-            case QXmlStreamReader::EndElement: --nivel; break;
-            case QXmlStreamReader::Invalid:
-            case QXmlStreamReader::EndDocument: return;
-            default: break;
-            }
-        }
-    }
-
     // The text of the current element, trimmed; elements inside it are skipped.
-    QStringView Texto()
+    QStringView Texto(bool guardar = true)
     {
         m_texto.resize(0);   // keeps the capacity: one buffer for every leaf
         for (int nivel = 1; nivel > 0;) {
             switch (Avancar()) {
             case QXmlStreamReader::Characters:
-                if (nivel == 1)
+                if (guardar && nivel == 1)
                     m_texto += r.text();
                 break;
             case QXmlStreamReader::StartElement: ++nivel; break;
@@ -121,6 +110,8 @@ private:
         }
         return QStringView(m_texto).trimmed();
     }
+
+    void Pular() { Texto(false); }
 
     void ValorInvalido(QLatin1String elemento, QStringView texto)
     {
@@ -145,6 +136,7 @@ private:
             destino = m.value_or(Money());
         } else if constexpr (std::is_same_v<T, double>) {
             destino = t.toDouble(&ok);
+            ok = ok && std::isfinite(destino);   // "nan" and "inf" are no rates
         } else if constexpr (std::is_same_v<T, int>) {
             destino = t.toInt(&ok);
         } else if constexpr (std::is_same_v<T, qint64>) {
