@@ -12,6 +12,38 @@ namespace {
 
 const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
 
+// Plain decimal text ("18.0000", "0.0123456789") the quick way when it is exact: up to 15
+// significant digits divided by a power of ten that a double holds exactly round as strtod would.
+// Anything else goes through the locale-free general reading; non-finite values are refused.
+double Decimal(QStringView t, bool &ok)
+{
+    static constexpr double potencias[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+                                           1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    qint64 mantissa = 0;
+    int digitos = 0, casas = -1;
+    const bool negativo = t.startsWith(u'-');
+    for (qsizetype i = negativo ? 1 : 0; i < t.size() && digitos <= 15; ++i) {
+        const char16_t c = t[i].unicode();
+        if (c >= u'0' && c <= u'9') {
+            mantissa = mantissa * 10 + (c - u'0');
+            digitos += mantissa > 0;
+            casas += casas >= 0;
+        } else if (c == u'.' && casas < 0) {
+            casas = 0;
+        } else {
+            digitos = 99;
+        }
+    }
+    if (digitos <= 15 && casas <= 22 && t.size() > (negativo ? 1 : 0) && t.back() != u'.') {
+        ok = true;
+        const double v = double(mantissa) / potencias[std::max(casas, 0)];
+        return negativo ? -v : v;
+    }
+    const double v = t.toDouble(&ok);
+    ok = ok && std::isfinite(v);
+    return v;
+}
+
 // One pass over the document, descending only into the groups the model holds; everything else
 // is skipped. Every token passes through Avancar, which keeps the depth and refuses a DTD.
 class TLeitorNFe
@@ -135,8 +167,7 @@ private:
             ok = m.has_value();
             destino = m.value_or(Money());
         } else if constexpr (std::is_same_v<T, double>) {
-            destino = t.toDouble(&ok);
-            ok = ok && std::isfinite(destino);   // "nan" and "inf" are no rates
+            destino = Decimal(t, ok);
         } else if constexpr (std::is_same_v<T, int>) {
             destino = t.toInt(&ok);
         } else if constexpr (std::is_same_v<T, qint64>) {

@@ -121,7 +121,7 @@ TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
     EXPECT_EQ(st.ICMS.grupo, QStringLiteral("ICMS10"));
     EXPECT_EQ(st.ICMS.vICMSST, M("10.91"));
     EXPECT_EQ(st.ICMS.vFCPST, M("2.55"));
-    EXPECT_DOUBLE_EQ(st.ICMS.pMVAST, 41.39);
+    EXPECT_EQ(st.ICMS.pMVAST, 41.39);   // numbers read as exactly as strtod reads them
     EXPECT_EQ(l.itens.GetItem(1).IPI.vIPI, M("13.01"));
     EXPECT_EQ(l.itens.GetItem(1).ICMSUFDest.vICMSUFDest, M("10.01"));
     EXPECT_EQ(l.itens.GetItem(2).ICMS.vICMSSTRet, M("4.87"));
@@ -133,6 +133,7 @@ TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
     EXPECT_EQ(l.itens.GetItem(7).cEAN, QString());   // "SEM GTIN"
     EXPECT_EQ(l.itens.GetItem(8).vIPIDevol, M("6.50"));
     EXPECT_EQ(l.itens.GetItem(8).vUnCom, 0.0123456789);
+    EXPECT_EQ(l.itens.GetItem(8).qCom, 1.2345);
     EXPECT_EQ(l.ICMSTot.vProd, nota.ICMSTot.vProd);
     EXPECT_EQ(l.IBSCBSTot.vCBS, M("0.90"));
     EXPECT_EQ(l.transp.UFVeic, QStringLiteral("MG"));
@@ -165,10 +166,11 @@ TEST(LeitorNFe, GruposOpcionaisAusentesEDataSoDeLayoutAntigo)
 TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
 {
     const QByteArray boa = GerarXmlNFe(NFeExemplo(QStringLiteral("12345678000195"), {}, 1, 5));
-    QByteArray valorRuim = boa;
-    const qsizetype item3 = valorRuim.indexOf("<det nItem=\"3\">");
-    const qsizetype vProd = valorRuim.indexOf("<vProd>", item3) + 7;
-    valorRuim.replace(vProd, valorRuim.indexOf('<', vProd) - vProd, "abc");
+    const auto trocar = [&](const char *item, const char *elemento, const char *valor) {
+        QByteArray xml = boa;
+        const qsizetype ini = xml.indexOf(elemento, xml.indexOf(item)) + qstrlen(elemento);
+        return xml.replace(ini, xml.indexOf('<', ini) - ini, valor);
+    };
     const QByteArray fundo = "<NFe><infNFe>" + QByteArray("<a>").repeated(100000);
     const struct { const char *caso; QByteArray xml; const char *trecho; } casos[] = {
         {"vazio", "", "o arquivo está vazio"},
@@ -186,7 +188,10 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
          "contém DTD, que não é aceita em NF-e"},
         {"entidade externa", "<!DOCTYPE NFe [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><NFe>&x;</NFe>", "contém DTD"},
         {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
-        {"valor mal escrito", valorRuim, "valor inválido em <vProd> do item 3: 'abc'"},
+        {"valor mal escrito", trocar("<det nItem=\"3\">", "<vProd>", "abc"), "valor inválido em <vProd> do item 3: 'abc'"},
+        {"taxa não finita", trocar("<det nItem=\"2\">", "<pICMS>", "nan"), "valor inválido em <pICMS> do item 2: 'nan'"},
+        {"dois pontos", trocar("<det nItem=\"4\">", "<qCom>", "1.2.3"), "valor inválido em <qCom> do item 4"},
+        {"data inválida", trocar("<ide>", "<dhEmi>", "2026-13-45T10:00:00-03:00"), "valor inválido em <dhEmi>: '2026-13"},
     };
     for (const auto &c : casos) {
         const Lido l = Ler(c.xml, QStringLiteral("/notas/fornecedor.xml"));
