@@ -414,7 +414,7 @@ bool TNFe_XMLI::ImportarDoArq(const QString &FileName)
         m_erro = grandeDemais(info.size());
     else if (!arquivo.open(QIODevice::ReadOnly))
         m_erro = QStringLiteral("%1: não foi possível abrir o arquivo (%2)").arg(FileName, arquivo.errorString());
-    else if (const QByteArray xml = arquivo.read(TamanhoMaximo + 1); arquivo.error() != QFileDevice::NoError)
+    else if (const QByteArray xml = arquivo.read(std::min(info.size(), TamanhoMaximo) + 1); arquivo.error() != QFileDevice::NoError)
         m_erro = QStringLiteral("%1: não foi possível ler o arquivo (%2)").arg(FileName, arquivo.errorString());
     else if (xml.size() > TamanhoMaximo)
         m_erro = grandeDemais(xml.size());
