@@ -8,6 +8,7 @@
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -53,7 +54,9 @@ TBaixarViaChaveF::TBaixarViaChaveF(const QString &database, const QString &uf, c
     auto *linhaChave = new QHBoxLayout;
     linhaChave->addWidget(m_chaveEdit, 1);
     linhaChave->addWidget(m_procurarButton);
-    campos->addRow(QStringLiteral("&Chave"), linhaChave);
+    auto *rotuloChave = new QLabel(QStringLiteral("&Chave"), this);
+    rotuloChave->setBuddy(m_chaveEdit);
+    campos->addRow(rotuloChave, linhaChave);
     campos->addRow(QStringLiteral("Arquivo XML"), m_nomeArqXML);
     auto *layout = new QVBoxLayout(this);
     layout->addLayout(campos);
@@ -133,4 +136,15 @@ void TBaixarViaChaveF::accept()
     if (m_nomeArqXML->text().isEmpty() && !Procurar())
         return;
     QDialog::accept();
+}
+
+// Enter in the key searches (the edit's returnPressed) and stops there: the default button
+// would otherwise search again and show a second message for the same missing file.
+void TBaixarViaChaveF::keyPressEvent(QKeyEvent *event)
+{
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && focusWidget() == m_chaveEdit)
+        event->accept();
+    else
+        QDialog::keyPressEvent(event);
 }

@@ -31,6 +31,9 @@ public:
 
     void accept() override;
 
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+
 private:
     void chaveEditada(const QString &texto);
 
