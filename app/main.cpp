@@ -143,7 +143,10 @@ void prepararOpcoes(QCommandLineParser &parser)
         "  post NOTA [--yes]     baixa a nota no estoque (NOTA: EEE-CCCCCCC, ou E-S-C)\n"
         "  cancel NOTA [--yes]   cancela a nota (--yes confirma a pergunta)\n"
         "  unpost NOTA [--yes]   desbaixa a nota, retirando seus movimentos do estoque\n"
-        "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino"));
+        "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino\n"
+        "  xml-items ARQUIVO... [--supplier N]   lista os itens dos XMLs de NF-e como a importação mostra\n"
+        "                        (produtos do fornecedor N, ou do fornecedor com o CNPJ do emitente)\n"
+        "  xml-key ARQUIVO       mostra a chave de acesso lida do XML (linha vazia quando não há)"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({

@@ -1,5 +1,6 @@
 #include "ComandosHeadless.h"
 
+#include "ComandosXml.h"
 #include "Config.h"
 #include "Contexto.h"
 #include "DialogosConsole.h"
@@ -248,6 +249,10 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
     else if (QStringList{QStringLiteral("post"), QStringLiteral("cancel"), QStringLiteral("unpost"), QStringLiteral("send")}
                  .contains(comando))
         resultado = acaoNota(comando, argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("xml-items"))
+        resultado = ComandosXml::XmlItems(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("xml-key"))
+        resultado = ComandosXml::XmlKey(argumentos.mid(1), saida, erros);
     else
         erros << "pavrel: comando desconhecido: " << comando << Qt::endl;
     TDialogos::Definir(anteriores);

@@ -288,7 +288,7 @@ bool TImportItensDados::SetQtdDev(int linha, double qtd)
     return true;
 }
 
-void TImportItensDados::ParaTodasComProduto(bool maximo)
+void TImportItensDados::DefinirQtdsDev(bool maximo)
 {
     const TBookmark onde = m_origem.GetBookmark();
     m_origem.DisableControls();
@@ -306,5 +306,5 @@ void TImportItensDados::ParaTodasComProduto(bool maximo)
     PreencherItensDestino();
 }
 
-void TImportItensDados::ZerarQtds() { ParaTodasComProduto(false); }
-void TImportItensDados::QtdsMax() { ParaTodasComProduto(true); }
+void TImportItensDados::ZerarQtds() { DefinirQtdsDev(false); }
+void TImportItensDados::QtdsMax() { DefinirQtdsDev(true); }

@@ -64,7 +64,7 @@ private:
     void CriarCamposOrigem();
     void CriarCamposDestino();
     void AdicionarItens(const TnfeProc &documento, int fornecCod);
-    void ParaTodasComProduto(bool maximo);
+    void DefinirQtdsDev(bool maximo);
 
     TConexaoSQL &m_conexao;
     int m_fornecCod;

@@ -37,12 +37,14 @@ std::optional<QList<TNotaDaChave>> TNfeChaveUsoDBI::NotasComChave(int emprCod, c
 
 int TNfeChaveUsoDBI::FornecDoDocumento(const QString &cnpjCpf)
 {
+    m_erro.clear();
     if (cnpjCpf.trimmed().isEmpty())
         return 0;
-    m_erro.clear();
-    const int fornec = m_conexao.ValorInt(QLatin1String("select first(1) fornec_cod from fornec where c=")
-                                          + QuotedStr(cnpjCpf.trimmed()) + QLatin1String(" order by fornec_cod"));
-    if (fornec == 0)
+    const auto q = m_conexao.Ab(QLatin1String("select first(1) fornec_cod from fornec where c=") + QuotedStr(cnpjCpf.trimmed())
+                                + QLatin1String(" order by fornec_cod"));
+    if (!q) {
         m_erro = m_conexao.UltimoErro();
-    return fornec;
+        return 0;
+    }
+    return q->IsEmpty() ? 0 : q->Fields(0).AsInteger();
 }

@@ -28,7 +28,7 @@ public:
     // The company's notes, cancelled ones left out, that refer to the key in one of their five
     // reference keys or whose stored XML holds it; `exceto` (the note being typed) is not one.
     std::optional<QList<TNotaDaChave>> NotasComChave(int emprCod, const QString &chave, const TChaveNota &exceto = {});
-    // The supplier registered with that CNPJ or CPF; 0 when none.
+    // The supplier registered with that CNPJ or CPF; 0 when none (Erro() tells a failure apart).
     int FornecDoDocumento(const QString &cnpjCpf);
 
     QString Erro() const { return m_erro; }

@@ -1,0 +1,256 @@
+#include "AvisosImportacao.h"
+#include "ComandosHeadless.h"
+#include "DialogosTeste.h"
+#include "GeradorNFe.h"
+#include "TImportItensDados.h"
+#include "TestDatabase.h"
+#include "URepF_ImportItensF.h"
+
+#include <gtest/gtest.h>
+
+#include <QTableView>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextStream>
+
+namespace {
+
+const QString CnpjFornec1 = QStringLiteral("44555666000181");
+const QString CnpjEmpresa1 = QStringLiteral("11222333000181");
+
+// Item 1 by its supplier code (F001: product 1 for supplier 1, product 3 for any supplier),
+// item 2 by its GTIN (product 2), item 3 matching nothing; item 1 carries every money column.
+std::unique_ptr<TnfeProc> Documento(qint64 numero = 123)
+{
+    auto doc = std::make_unique<TnfeProc>(NFeExemplo(CnpjFornec1, CnpjEmpresa1, numero, 3));
+    TItem &a = doc->itens.GetItem(0);
+    a.qCom = 3;
+    a.vProd = Money::fromInt(100);
+    a.vDesc = Money::fromInt(10);
+    a.vFrete = Money::parse(u"0.05").value();
+    a.vSeg = Money::fromInt(1);
+    a.vOutro = Money::fromInt(2);
+    a.IPI.pIPI = 5;
+    a.IPI.vIPI = Money::fromInt(5);
+    a.ICMS.pICMSST = 18;
+    a.ICMS.vBCST = Money::fromInt(140);
+    a.ICMS.vICMSST = Money::parse(u"7.2").value();
+    a.ICMS.pFCP = 2;
+    a.ICMS.vBCFCP = Money::fromInt(100);
+    a.ICMS.vFCP = Money::fromInt(2);
+    doc->itens.GetItem(1).cEAN = QStringLiteral("7890000000024");
+    doc->itens.GetItem(2).cEAN = QStringLiteral("SEM GTIN");
+    return doc;
+}
+
+class ImportItens : public ::testing::Test
+{
+protected:
+    void SetUp() override
+    {
+        ASSERT_TRUE(db.ok()) << db.erro().toStdString();
+        ASSERT_EQ(db.execScript(QStringLiteral("insert into prod_norig (norig, prod_cod, fornec_cod) values ('F001', 1, 1);\n"
+                                               "insert into prod_norig (norig, prod_cod, fornec_cod) values ('F001', 3, 0);\n")),
+                  QString());
+    }
+
+    TestDatabase db;
+    DialogosTeste dialogos;
+};
+
+QString Coluna(TClientDataSet &ds, const char *campo)
+{
+    QStringList valores;
+    for (int linha = 0; linha < ds.RecordCount(); ++linha)
+        valores << ds.DisplayTextAt(linha, ds.FieldByName(QLatin1String(campo)).Index());
+    return valores.join(QLatin1Char('|'));
+}
+
+TEST_F(ImportItens, ProdutoPeloCodigoDoFornecedorDepoisPeloCodigoDeBarras)
+{
+    const struct
+    {
+        int fornec;
+        const char *prodCods, *descrs, *unids;
+    } casos[] = {
+        {1, "1|2|0", "PRODUTO UM|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
+        {2, "3|2|0", "PRODUTO TRES COMPOSTO|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
+    };
+    for (const auto &c : casos) {
+        TImportItensDados dados(db.conexao(), c.fornec);
+        dados.AdicionarDocumento(Documento());
+        ASSERT_TRUE(dados.PreencherItensOrigem()) << dados.Erro().toStdString();
+        EXPECT_EQ(Coluna(dados.Origem(), "prod_cod"), c.prodCods) << c.fornec;
+        EXPECT_EQ(Coluna(dados.Origem(), "prod_descr"), QString::fromUtf8(c.descrs)) << c.fornec;
+        EXPECT_EQ(Coluna(dados.Origem(), "UNID_SIGLA"), c.unids) << c.fornec;
+        EXPECT_EQ(Coluna(dados.Origem(), "prod_fabr_nome"), "FABRICANTE TESTE|FABRICANTE TESTE|") << c.fornec;
+    }
+}
+
+TEST_F(ImportItens, DevolverTudoIgualaAOrigemEParteDaQuantidadeEProporcional)
+{
+    TImportItensDados dados(db.conexao(), 1);
+    dados.AdicionarDocumento(Documento());
+    ASSERT_TRUE(dados.PreencherItensOrigem()) << dados.Erro().toStdString();
+    TClientDataSet &origem = dados.Origem();
+    TClientDataSet &destino = dados.Destino();
+
+    dados.QtdsMax();
+    // The item without a product is left out.
+    EXPECT_EQ(Coluna(origem, "qtd_dev"), "3|3|0");
+    ASSERT_EQ(Coluna(destino, "ORDEM"), "1|2");
+    for (int f = 0; f < origem.FieldCount(); ++f) {
+        const TField *d = destino.FindField(origem.Fields(f).FieldName());
+        if (d && origem.Fields(f).DataType() == TFieldType::Money) {
+            EXPECT_EQ(destino.ValueAt(0, d->Index()).value<Money>(), origem.ValueAt(0, f).value<Money>()) << d->FieldName().toStdString();
+        }
+    }
+    EXPECT_FALSE(dados.SetQtdDev(2, 1));
+
+    ASSERT_TRUE(dados.SetQtdDev(1, 0));
+    ASSERT_TRUE(dados.SetQtdDev(0, 1));
+    ASSERT_EQ(destino.RecordCount(), 1);
+    const struct
+    {
+        const char *campo, *valor;
+    } esperados[] = {
+        {"QTD", "1"}, {"CUSTO_TOT", "33,33"}, {"DESCONTO", "3,33"}, {"CUSTO", "30,00"}, {"CUSTO_UNIT", "30,0000"},
+        {"FRETE", "0,02"}, {"SEGURO", "0,33"}, {"OUTRAS", "0,67"}, {"VIPI", "1,67"}, {"PIPI", "5,00"},
+        {"ICMS_ST_VAL", "2,40"}, {"ICMS_ST_BC_VAL", "46,67"}, {"ICMS_ST_PERC", "18,00"}, {"TRIB_ICMS_VFCP", "0,67"},
+        {"ICMS_PFCP", "2,00"}, {"ICMS_BC_MOD", "3"}, {"CFOP", "5102"}, {"CST", "0000"}, {"PROD_COD_DELES", "F001"},
+    };
+    for (const auto &e : esperados)
+        EXPECT_EQ(Coluna(destino, e.campo), e.valor) << e.campo;
+
+    dados.ZerarQtds();
+    EXPECT_EQ(Coluna(origem, "qtd_dev"), "0|0|0");
+    EXPECT_TRUE(destino.IsEmpty());
+}
+
+TEST_F(ImportItens, DialogoPerguntaQtdRecusaItemSemProdutoEOkSemQuantidade)
+{
+    TRepF_ImportItensF dialogo(db.conexao(), 1);
+    dialogo.AdicionarDocumento(Documento());
+    dialogo.PreencherItensOrigem();
+    dialogo.show();
+    auto *grade = dialogo.findChild<QTableView *>(QStringLiteral("OrigemGrid"));
+    ASSERT_TRUE(grade);
+    ASSERT_EQ(dialogo.OrigemDataSet().RecordCount(), 3);
+    auto *notas = dialogo.findChild<QTableWidget *>(QStringLiteral("NotasStringGrid"));
+    ASSERT_TRUE(notas && notas->rowCount() == 1);
+    EXPECT_EQ(notas->item(0, 1)->text() + ' ' + notas->item(0, 3)->text(), "20/11/26 " + Documento()->chave);
+
+    dialogo.OkActExecute();
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Proib), "Nenhuma quantidade foi indicada");
+    EXPECT_NE(dialogo.result(), QDialog::Accepted);
+
+    dialogos.Limpar();
+    dialogo.OrigemDataSet().SetRecNo(3);
+    QTest::keyClick(grade, Qt::Key_Space);
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Proib),
+              "Esse item não pode ser usado pois não está relacionado a um produto do sistema");
+    EXPECT_TRUE(dialogos.PerguntasQtd().isEmpty());
+
+    // Above the original quantity is kept at it; a cancelled question changes nothing.
+    dialogo.OrigemDataSet().SetRecNo(1);
+    dialogos.ResponderQtd(7);
+    dialogos.ResponderQtd(std::nullopt);
+    QTest::keyClick(grade, Qt::Key_Space);
+    dialogo.QtdDevEdit();
+    ASSERT_EQ(dialogos.PerguntasQtd().size(), 2);
+    EXPECT_EQ(dialogos.PerguntasQtd()[0].titulo, "Qtd.Dev");
+    EXPECT_EQ(dialogos.PerguntasQtd()[0].maximo, 3);
+    EXPECT_EQ(Coluna(dialogo.DestinoDataSet(), "QTD"), "3");
+
+    dialogos.Limpar();
+    dialogo.OkActExecute();
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(dialogo.result(), QDialog::Accepted);
+}
+
+TEST_F(ImportItens, AvisosDeChaveDestinatarioENotasQueJaUsamAChave)
+{
+    const QString chave = Documento()->chave;
+    const struct
+    {
+        const char *nome;
+        std::function<void(TnfeProc &)> mudar;
+        QString sql;
+        QStringList trechos;
+    } casos[] = {
+        {"tudo certo", [](TnfeProc &) {}, {}, {}},
+        {"dígito errado", [](TnfeProc &d) { d.chave[43] = d.chave[43] == u'1' ? u'2' : u'1'; }, {}, {"dígito verificador"}},
+        {"outro destinatário", [](TnfeProc &d) { d.destinatario.CNPJ = QStringLiteral("11222333000262"); }, {},
+         {"destinatário (11222333000262) não é a empresa da nota (CNPJ 11222333000181)"}},
+        {"referida por outra nota",
+         [](TnfeProc &) {},
+         "insert into compra (empr_cod, estacao_cod, compra_cod, nfe_chave_ref3) values (1, 1, 8, '" + chave + "')",
+         {"a nota 001-0000008 já se refere a esta chave"}},
+        {"importada em outra nota; a nota atual e as canceladas não contam",
+         [](TnfeProc &) {},
+         "insert into compra (empr_cod, estacao_cod, compra_cod, arq_xml, nfe_chave_ref) select 1, 1, 9, '<x>" + chave
+             + "</x>', null from rdb$database union all select 1, 1, 5, null, '" + chave
+             + "' from rdb$database union all select 1, 2, 6, null, '" + chave + "' from rdb$database",
+         {"a nota 001-0000009 já foi importada deste XML"}},
+    };
+    for (const auto &c : casos) {
+        TestDatabase banco;
+        ASSERT_TRUE(banco.ok()) << banco.erro().toStdString();
+        if (!c.sql.isEmpty()) {
+            ASSERT_EQ(banco.exec(c.sql), QString()) << c.nome;
+        }
+        ASSERT_EQ(banco.exec(QStringLiteral("update compra set cancelado='S' where compra_cod=6")), QString());
+        auto doc = Documento();
+        c.mudar(*doc);
+        const QStringList avisos = AvisosImportacao(banco.conexao(), 1, *doc, TChaveNota{1, 1, 5});
+        ASSERT_EQ(avisos.size(), c.trechos.size()) << c.nome << ": " << avisos.join(" | ").toStdString();
+        for (int i = 0; i < avisos.size(); ++i)
+            EXPECT_TRUE(avisos[i].contains(c.trechos[i])) << c.nome << ": " << avisos[i].toStdString();
+    }
+}
+
+TEST_F(ImportItens, XmlItemsEXmlKeyLeemOArquivoComoODialogoMostra)
+{
+    QTemporaryDir pasta;
+    const QString arquivo = pasta.filePath(QStringLiteral("nota.xml"));
+    const auto doc = Documento();
+    ASSERT_TRUE(GravarXmlNFe(arquivo, *doc));
+    const QString lixo = pasta.filePath(QStringLiteral("lixo.xml"));
+    QFile(lixo).open(QIODevice::WriteOnly);
+
+    const auto rodar = [](QStringList argumentos, QString &saida, QString &erros) {
+        QTextStream s(&saida), e(&erros);
+        return ComandosHeadless::Executar(argumentos, s, e);
+    };
+    QString saida, erros;
+    // The supplier is the one registered with the issuer's CNPJ.
+    ASSERT_EQ(rodar({"xml-items", arquivo}, saida, erros), 0) << erros.toStdString();
+    EXPECT_TRUE(erros.isEmpty()) << erros.toStdString();
+    const QStringList linhas = saida.split(QLatin1Char('\n'));
+    ASSERT_EQ(linhas.size(), 5) << saida.toStdString();
+    EXPECT_EQ(linhas[0],
+              "Nota\tItem\tCód.Fornec\tDescr.Fornec\tQtd\tQtd.Dev\tCód.Barras\tCód.Prod\tDescrição\tFabricante\tUnid\t"
+              "Custo Unit\tDesconto\tCusto Tot (CT)\tOutras\tFrete R$\tSeguro R$\tCST\tCFOP\tNCM\tIPI%\tIPI R$\tICMS%\t"
+              "ICMS R$\tICMS ST%\tICMS ST R$\tICMS ST% Ad\tICMS %BC ST Red\tICMS %BC Red\tBC ICMS R$\tBC ICMS ST R$\t"
+              "Mod.BC ICMS\tMod.BC ICMS ST\tOrigem Merc\tBC FCP R$\tFCP %\tFCP R$\tBC ST FCP R$\tFCP ST %\tFCP ST R$");
+    // Values in the columns' display formats; the groups the layout has no place for stay 0.
+    EXPECT_EQ(linhas[1], "123\t1\tF001\tPRODUTO EXEMPLO 1\t3\t0\t\t1\tPRODUTO UM\tFABRICANTE TESTE\tUN\t10,25\t10,00\t"
+                         "100,00\t2,00\t0,05\t1,00\t0000\t5102\t22021000\t0,00\t0,00\t18,00\t3,69\t0,00\t0,00\t0,00\t"
+                         "0,00\t0,00\t20,50\t0,00\t3\t0\t0\t0,00\t2,00\t2,00\t0,00\t0,00\t0,00");
+    saida.clear();
+    ASSERT_EQ(rodar({"xml-items", arquivo, "--supplier", "2"}, saida, erros), 0) << erros.toStdString();
+    EXPECT_TRUE(saida.split('\n').value(1).contains("\t3\tPRODUTO TRES COMPOSTO\t")) << saida.toStdString();
+
+    saida.clear();
+    EXPECT_EQ(rodar({"xml-key", arquivo}, saida, erros), 0) << erros.toStdString();
+    EXPECT_EQ(saida, doc->chave + "\n");
+
+    saida.clear();
+    EXPECT_EQ(rodar({"xml-items", arquivo, lixo}, saida, erros), 1);
+    EXPECT_TRUE(saida.isEmpty());
+    EXPECT_EQ(erros.count('\n'), 1);
+    EXPECT_TRUE(erros.contains(lixo)) << erros.toStdString();
+}
+
+} // namespace
