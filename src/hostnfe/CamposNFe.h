@@ -27,8 +27,10 @@ using TCamposNFe = std::span<const TCampoNFe<S>>;
 template<class S>
 const TCampoNFe<S> *AcharCampo(TCamposNFe<S> campos, QStringView nome, QStringView pai)
 {
+    // Length and first letter first: most names differ there, and this runs for every leaf.
     for (const TCampoNFe<S> &c : campos)
-        if (c.nome == nome && (c.pai.isEmpty() || c.pai == pai))
+        if (c.nome.size() == nome.size() && c.nome.front() == nome.front() && c.nome == nome
+            && (c.pai.isEmpty() || c.pai == pai))
             return &c;
     return nullptr;
 }

@@ -6,9 +6,43 @@
 #include <QFileInfo>
 #include <QXmlStreamReader>
 
+#include <cmath>
+
 namespace {
 
 const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
+
+// Plain decimal text ("18.0000", "0.0123456789") the quick way when it is exact: up to 15
+// significant digits divided by a power of ten that a double holds exactly round as strtod would.
+// Anything else goes through the locale-free general reading; non-finite values are refused.
+double Decimal(QStringView t, bool &ok)
+{
+    static constexpr double potencias[] = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10, 1e11,
+                                           1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    qint64 mantissa = 0;
+    int digitos = 0, casas = -1;
+    const bool negativo = t.startsWith(u'-');
+    for (qsizetype i = negativo ? 1 : 0; i < t.size() && digitos <= 15; ++i) {
+        const char16_t c = t[i].unicode();
+        if (c >= u'0' && c <= u'9') {
+            mantissa = mantissa * 10 + (c - u'0');
+            digitos += mantissa > 0;
+            casas += casas >= 0;
+        } else if (c == u'.' && casas < 0) {
+            casas = 0;
+        } else {
+            digitos = 99;
+        }
+    }
+    if (digitos <= 15 && casas <= 22 && t.size() > (negativo ? 1 : 0) && t.back() != u'.') {
+        ok = true;
+        const double v = double(mantissa) / potencias[std::max(casas, 0)];
+        return negativo ? -v : v;
+    }
+    const double v = t.toDouble(&ok);
+    ok = ok && std::isfinite(v);
+    return v;
+}
 
 // One pass over the document, descending only into the groups the model holds; everything else
 // is skipped. Every token passes through Avancar, which keeps the depth and refuses a DTD.
@@ -89,27 +123,14 @@ private:
         }
     }
 
-    void Pular()
-    {
-        for (int nivel = 1; nivel > 0;) {
-            switch (Avancar()) {
-            case QXmlStreamReader::StartElement: ++nivel; break;
-            case QXmlStreamReader::EndElement: --nivel; break;
-            case QXmlStreamReader::Invalid:
-            case QXmlStreamReader::EndDocument: return;
-            default: break;
-            }
-        }
-    }
-
     // The text of the current element, trimmed; elements inside it are skipped.
-    QStringView Texto()
+    QStringView Texto(bool guardar = true)
     {
-        m_texto.clear();
+        m_texto.resize(0);   // keeps the capacity: one buffer for every leaf
         for (int nivel = 1; nivel > 0;) {
             switch (Avancar()) {
             case QXmlStreamReader::Characters:
-                if (nivel == 1)
+                if (guardar && nivel == 1)
                     m_texto += r.text();
                 break;
             case QXmlStreamReader::StartElement: ++nivel; break;
@@ -121,6 +142,8 @@ private:
         }
         return QStringView(m_texto).trimmed();
     }
+
+    void Pular() { Texto(false); }
 
     void ValorInvalido(QLatin1String elemento, QStringView texto)
     {
@@ -144,7 +167,7 @@ private:
             ok = m.has_value();
             destino = m.value_or(Money());
         } else if constexpr (std::is_same_v<T, double>) {
-            destino = t.toDouble(&ok);
+            destino = Decimal(t, ok);
         } else if constexpr (std::is_same_v<T, int>) {
             destino = t.toInt(&ok);
         } else if constexpr (std::is_same_v<T, qint64>) {
@@ -375,19 +398,28 @@ bool TNFe_XMLI::ImportarDoArq(const QString &FileName)
     m_nfe = TnfeProc{};
     const QFileInfo info(FileName);
     QFile arquivo(FileName);
+    const auto grandeDemais = [&](qint64 tamanho) {
+        return QStringLiteral("%1: arquivo grande demais para uma NF-e (%2 MB; o limite é %3 MB)")
+            .arg(FileName)
+            .arg(tamanho / (1024 * 1024))
+            .arg(TamanhoMaximo / (1024 * 1024));
+    };
     if (!info.exists())
         m_erro = QStringLiteral("%1: arquivo não encontrado").arg(FileName);
     else if (info.isDir())
         m_erro = QStringLiteral("%1: é uma pasta, não um arquivo").arg(FileName);
+    else if (!info.isFile())   // a device or a pipe could block or never end
+        m_erro = QStringLiteral("%1: não é um arquivo comum").arg(FileName);
     else if (info.size() > TamanhoMaximo)
-        m_erro = QStringLiteral("%1: arquivo grande demais para uma NF-e (%2 MB; o limite é %3 MB)")
-                     .arg(FileName)
-                     .arg(info.size() / (1024 * 1024))
-                     .arg(TamanhoMaximo / (1024 * 1024));
+        m_erro = grandeDemais(info.size());
     else if (!arquivo.open(QIODevice::ReadOnly))
+        m_erro = QStringLiteral("%1: não foi possível abrir o arquivo (%2)").arg(FileName, arquivo.errorString());
+    else if (const QByteArray xml = arquivo.read(std::min(info.size(), TamanhoMaximo) + 1); arquivo.error() != QFileDevice::NoError)
         m_erro = QStringLiteral("%1: não foi possível ler o arquivo (%2)").arg(FileName, arquivo.errorString());
+    else if (xml.size() > TamanhoMaximo)
+        m_erro = grandeDemais(xml.size());
     else
-        return ImportarDoTexto(arquivo.readAll(), FileName);
+        return ImportarDoTexto(xml, FileName);
     return false;
 }
 

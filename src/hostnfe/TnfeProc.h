@@ -7,6 +7,7 @@
 #include <QString>
 #include <QStringList>
 
+#include <deque>
 #include <memory>
 #include <vector>
 
@@ -140,7 +141,9 @@ public:
     void Clear() { m_itens.clear(); }
 
 private:
-    std::vector<TItem> m_itens;
+    // Items are large and a document may hold thousands: a deque never moves them as it grows,
+    // and a reference from Add stays valid.
+    std::deque<TItem> m_itens;
 };
 
 struct TNFeICMSTot

@@ -52,12 +52,25 @@ bool TDialogosQt::Perguntar(TipoPergunta tipo, const QString &texto)
     return box.exec() == QMessageBox::Yes;
 }
 
+// "description|pattern|description|pattern", patterns split by ';', as the module writes its
+// filters, into the file dialog's "description (pattern);;...".
+static QString FiltroQt(const QString &filtro)
+{
+    if (!filtro.contains(u'|'))
+        return filtro;
+    const QStringList partes = filtro.split(u'|');
+    QStringList filtros;
+    for (qsizetype i = 0; i + 1 < partes.size(); i += 2)
+        filtros << QStringLiteral("%1 (%2)").arg(partes.at(i), QString(partes.at(i + 1)).replace(u';', u' '));
+    return filtros.join(QStringLiteral(";;"));
+}
+
 QString TDialogosQt::SelecionarArquivo(const QString &titulo_, const QString &pasta, const QString &filtro,
                                        bool salvar)
 {
     QWidget *pai = QApplication::activeWindow();
-    return salvar ? QFileDialog::getSaveFileName(pai, titulo_, pasta, filtro)
-                  : QFileDialog::getOpenFileName(pai, titulo_, pasta, filtro);
+    return salvar ? QFileDialog::getSaveFileName(pai, titulo_, pasta, FiltroQt(filtro))
+                  : QFileDialog::getOpenFileName(pai, titulo_, pasta, FiltroQt(filtro));
 }
 
 bool TDialogosQt::PerguntarQtd(const QString &titulo_, const QString &texto, double maximo, double &valor)

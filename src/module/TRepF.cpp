@@ -85,6 +85,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     criarPrecoEdits();
     criarGradeCombos();
     CriarItemNota();
+    CriarBotoesXML();
     pegarProcsImpressora();
     m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
 
@@ -271,7 +272,7 @@ void TRepF::AtualizarAcoes()
     static const QStringList prontas = {QStringLiteral("ConsultarAction"), QStringLiteral("NotaInsAct"),
                                         QStringLiteral("AltAct"), QStringLiteral("BaixarAct"),
                                         QStringLiteral("CancAct"), QStringLiteral("DesbaixarAct"),
-                                        QStringLiteral("NotaExportAct")};
+                                        QStringLiteral("NotaExportAct"), QStringLiteral("NFEDeInteresseAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));

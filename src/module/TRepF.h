@@ -6,6 +6,7 @@
 #include "TItemNotaTela.h"
 #include "TRepD.h"
 #include "TTabPrecoList.h"
+#include "UDigitadorItens.h"
 
 #include <QHash>
 #include <QList>
@@ -110,6 +111,8 @@ public:
     QAbstractButton *NotaCancButton() const override;
     QAbstractItemView *ItensGrid() const override;
     TClientDataSet &ItensNota() override;
+    // The parts of the screen that imported items are typed into.
+    TTelaNota TelaNota();
 
 Q_SIGNALS:
     // The note list has been loaded for the first time (hosts that take pictures wait for it).
@@ -143,6 +146,10 @@ private:
     void AtualizarAcoes();
     void CriarAcoesNota();
     void CriarItemNota();
+    // Items and the reference key from XML files (TRepF_XML.cpp).
+    void CriarBotoesXML();
+    void ItensButtonClick();
+    void XMLImportButtonClick();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
     bool ponteiroNoMenu() const;

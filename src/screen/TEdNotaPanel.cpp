@@ -378,10 +378,27 @@ QWidget *TEdNotaPanel::CriarAbaReferencias()
     m_listaButton->setToolTip(tr("Lista de chaves de referência"));
     m_listaButton->setAutoDefault(false);
 
+    // The key of one chosen XML file into the first key.
+    m_xmlImportButton = new QPushButton(tr("&XML"), grupo);
+    m_xmlImportButton->setObjectName(QStringLiteral("XMLImportButton"));
+    m_xmlImportButton->setToolTip(QStringLiteral("Importar chave do XML da venda de referência"));
+    m_xmlImportButton->setAutoDefault(false);
+    grade.Layout()->addWidget(m_xmlImportButton, 0, 2, Qt::AlignLeft);
+
     auto *caixa = new QHBoxLayout(aba);
     caixa->setContentsMargins(4, 4, 4, 4);
     caixa->addWidget(grupo);
-    caixa->addWidget(m_listaButton, 0, Qt::AlignTop);
+    auto *botoes = new QVBoxLayout;
+    botoes->addWidget(m_listaButton);
+
+    // The items of the keys' XML files into the note.
+    m_itensButton = new QPushButton(tr("&Itens pelo XML"), aba);
+    m_itensButton->setObjectName(QStringLiteral("ItensButton"));
+    m_itensButton->setToolTip(QStringLiteral("Importar itens de todos xmls da lista"));
+    m_itensButton->setAutoDefault(false);
+    botoes->addWidget(m_itensButton);
+    botoes->addStretch();
+    caixa->addLayout(botoes);
     return aba;
 }
 

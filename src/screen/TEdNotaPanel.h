@@ -81,6 +81,9 @@ public:
     // The five referenced keys, first to fifth.
     const QList<QLineEdit *> &ChavesRef() const { return m_chavesRef; }
     QPushButton *ListaButton() const { return m_listaButton; }
+    // Items from the keys' XML files; the key of one XML file.
+    QPushButton *ItensButton() const { return m_itensButton; }
+    QPushButton *XMLImportButton() const { return m_xmlImportButton; }
 
     QPushButton *NotaOkButton() const { return m_notaOkButton; }
     QPushButton *NotaCancButton() const { return m_notaCancButton; }
@@ -148,6 +151,8 @@ private:
 
     QList<QLineEdit *> m_chavesRef;
     QPushButton *m_listaButton = nullptr;
+    QPushButton *m_itensButton = nullptr;
+    QPushButton *m_xmlImportButton = nullptr;
 
     QPushButton *m_notaOkButton = nullptr;
     QPushButton *m_notaCancButton = nullptr;

@@ -10,8 +10,8 @@ DialogosTeste::DialogosTeste()
 DialogosTeste::~DialogosTeste()
 {
     TDialogos::Definir(nullptr);
-    EXPECT_TRUE(m_respostas.isEmpty() && m_qtds.isEmpty())
-        << m_respostas.size() + m_qtds.size() << " scripted answer(s) never asked for";
+    EXPECT_TRUE(m_respostas.isEmpty() && m_qtds.isEmpty() && m_arquivos.isEmpty())
+        << m_respostas.size() + m_qtds.size() + m_arquivos.size() << " scripted answer(s) never asked for";
 }
 
 QString DialogosTeste::UnicaMensagem(TipoMensagem tipo) const
@@ -42,10 +42,14 @@ bool DialogosTeste::Perguntar(TipoPergunta tipo, const QString &texto)
     return m_respostas.takeFirst();
 }
 
-QString DialogosTeste::SelecionarArquivo(const QString &, const QString &, const QString &, bool)
+QString DialogosTeste::SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro, bool)
 {
-    ADD_FAILURE() << "unscripted file choice";
-    return {};
+    m_escolhas.push_back({titulo, pasta, filtro});
+    if (m_arquivos.isEmpty()) {
+        ADD_FAILURE() << "unscripted file choice";
+        return {};
+    }
+    return m_arquivos.takeFirst();
 }
 
 bool DialogosTeste::PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor)

@@ -34,6 +34,13 @@ public:
 
     // Answers, in order, for the questions to come.
     void Responder(bool resposta) { m_respostas << resposta; }
+    // The files chosen, in order, for the file choices to come; each choice offered is kept.
+    void ResponderArquivo(const QString &arquivo) { m_arquivos << arquivo; }
+    struct EscolhaArquivo
+    {
+        QString titulo, pasta, filtro;
+    };
+    const QList<EscolhaArquivo> &EscolhasArquivo() const { return m_escolhas; }
     // Answers to the quantity questions, in order; nullopt cancels.
     void ResponderQtd(std::optional<double> qtd) { m_qtds << qtd; }
 
@@ -56,4 +63,6 @@ private:
     QList<bool> m_respostas;
     QList<QuestaoQtd> m_perguntasQtd;
     QList<std::optional<double>> m_qtds;
+    QList<QString> m_arquivos;
+    QList<EscolhaArquivo> m_escolhas;
 };
