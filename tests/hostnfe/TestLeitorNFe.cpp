@@ -191,6 +191,7 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
         {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
         {"valor mal escrito", trocar("<det nItem=\"3\">", "<vProd>", "abc"), "valor inválido em <vProd> do item 3: 'abc'"},
         {"taxa não finita", trocar("<det nItem=\"2\">", "<pICMS>", "nan"), "valor inválido em <pICMS> do item 2: 'nan'"},
+        {"valor fora do alcance", trocar("<det nItem=\"1\">", "<vProd>", "999999999999999"), "valor inválido em <vProd> do item 1"},
         {"dois pontos", trocar("<det nItem=\"4\">", "<qCom>", "1.2.3"), "valor inválido em <qCom> do item 4"},
         {"data inválida", trocar("<ide>", "<dhEmi>", "2026-13-45T10:00:00-03:00"), "valor inválido em <dhEmi>: '2026-13"},
     };
