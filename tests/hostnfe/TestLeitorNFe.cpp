@@ -155,12 +155,13 @@ TEST(LeitorNFe, GruposOpcionaisAusentesEDataSoDeLayoutAntigo)
     EXPECT_TRUE(it.PIS.CST.isEmpty());
     EXPECT_EQ(it.COFINS.CST, QStringLiteral("01"));
 
-    const Lido antigo = Ler("<NFe><infNFe Id=\"NFe" + Chave.toLatin1()
+    const Lido antigo = Ler("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><NFe><infNFe Id=\"NFe" + Chave.toLatin1()
                             + "\" versao=\"2.00\"><ide><nNF>88</nNF><dEmi>2010-05-03</dEmi></ide>"
-                              "<dest><CPF>01234567890</CPF></dest></infNFe></NFe>");
+                              "<emit><xNome>A\xe7\xfa" "car Uni\xe3o</xNome></emit><dest><CPF>01234567890</CPF></dest></infNFe></NFe>");
     ASSERT_TRUE(antigo.ok) << antigo.erro.toStdString();
     EXPECT_EQ(antigo.nfe.ide.dhEmi.date(), QDate(2010, 5, 3));
     EXPECT_EQ(antigo.nfe.destinatario.CPF, QStringLiteral("01234567890"));
+    EXPECT_EQ(antigo.nfe.emitente.xNome, QStringLiteral("Açúcar União"));
 }
 
 TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
@@ -190,6 +191,7 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
         {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
         {"valor mal escrito", trocar("<det nItem=\"3\">", "<vProd>", "abc"), "valor inválido em <vProd> do item 3: 'abc'"},
         {"taxa não finita", trocar("<det nItem=\"2\">", "<pICMS>", "nan"), "valor inválido em <pICMS> do item 2: 'nan'"},
+        {"valor fora do alcance", trocar("<det nItem=\"1\">", "<vProd>", "999999999999999"), "valor inválido em <vProd> do item 1"},
         {"dois pontos", trocar("<det nItem=\"4\">", "<qCom>", "1.2.3"), "valor inválido em <qCom> do item 4"},
         {"data inválida", trocar("<ide>", "<dhEmi>", "2026-13-45T10:00:00-03:00"), "valor inválido em <dhEmi>: '2026-13"},
     };

@@ -3,7 +3,6 @@
 #include "CamposNFe.h"
 #include "ChaveNFe.h"
 
-#include <QFile>
 #include <QSaveFile>
 #include <QTimeZone>
 #include <QXmlStreamWriter>
