@@ -285,9 +285,11 @@ TEST_F(Itens, SavingKeepsEveryTextWholeAndRefusesWhatTheTableCannotHoldBeforeDel
         {"QTD_EMBS", 1e14, "qtd_embs"}, {"preco2", QVariant::fromValue(alem), "preco2"},
         {"info_adic", QString(2001, u'x'), "info_adic"}, {"ncm", QStringLiteral("12345678901"), "ncm"},
     };
-    for (const Coluna &c : colunas)   // the widths checked before saving are the table's
-        if (c.tipo == 37)
+    for (const Coluna &c : colunas) {   // the widths checked before saving are the table's
+        if (c.tipo == 37) {
             EXPECT_EQ(ColunasItemTmp()[size_t(TCompraItemTmpCampos::IndiceColuna(c.nome))].tamanho, c.tamanho) << c.nome.toStdString();
+        }
+    }
     for (const auto &r : recusas) {
         EXPECT_FALSE(gravar({{302, r.campo, r.valor}})) << r.campo;
         EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Os itens da nota não foram gravados: o valor de "
