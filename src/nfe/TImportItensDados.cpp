@@ -108,6 +108,15 @@ Money Proporcional(Money valor, double qtdDev, double qtdOrig)
 
 } // namespace
 
+QHash<QString, QVariant> TributosDoItem(const TItem &item)
+{
+    const QList<QVariant> valores = ValoresTributos(item);
+    QHash<QString, QVariant> porColuna;
+    for (qsizetype i = 0; i < valores.size(); ++i)
+        porColuna.insert(QLatin1String(Tributos[i].destino), valores[i]);
+    return porColuna;
+}
+
 TImportItensDados::TImportItensDados(TConexaoSQL &conexao, int fornecCod)
     : m_conexao(conexao), m_fornecCod(fornecCod)
 {

@@ -4,11 +4,16 @@
 #include "TnfeProc.h"
 
 #include <QDate>
+#include <QHash>
 #include <QString>
 
 #include <memory>
 
 class TConexaoSQL;
+
+// An XML item's taxes and expenses under the destination's column names (OUTRAS, FRETE, CST,
+// CFOP, NCM, PIPI, ..., TRIB_ICMS_VFCPST): money as Money, rates as double, codes as int.
+QHash<QString, QVariant> TributosDoItem(const TItem &item);
 
 // One row of the notes-of-origin grid: a document read from XML.
 struct TNotaOrigem
