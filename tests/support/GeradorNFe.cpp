@@ -2,6 +2,7 @@
 
 #include "CamposNFe.h"
 #include "ChaveNFe.h"
+#include "Valores.h"
 
 #include <QSaveFile>
 #include <QTimeZone>
@@ -9,29 +10,20 @@
 
 #include <functional>
 
+// The sample document names only the fields it sets; the rest stay zero.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+
 namespace {
 
 const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
 const QString NsDsig = QStringLiteral("http://www.w3.org/2000/09/xmldsig#");
 
-// Exact: the money's own digits, rounded half to even to the places asked for.
-QString Decimal(Money m, int casas)
+// Exact for money; rounded half to even to the places asked for.
+template<class T>
+QString Decimal(T v, int casas)
 {
-    const qint64 raw = m.roundTo(casas).raw();
-    const qint64 abs = raw < 0 ? -raw : raw;
-    QString s = QString::number(abs / Money::Scale);
-    if (casas > 0) {
-        qint64 frac = abs % Money::Scale;
-        for (int i = casas; i < 4; ++i)
-            frac /= 10;
-        s += QLatin1Char('.') + QString::number(frac).rightJustified(casas, QLatin1Char('0'));
-    }
-    return raw < 0 ? QLatin1Char('-') + s : s;
-}
-
-QString Decimal(double v, int casas)
-{
-    return QString::number(v, 'f', casas);
+    return FormatFloat(casas ? QStringLiteral("0.") + QString(casas, QLatin1Char('0')) : QStringLiteral("0"), v)
+        .replace(QLatin1Char(','), QLatin1Char('.'));
 }
 
 class TEscritor
@@ -145,6 +137,16 @@ QString NomeContrib(const QString &tributo, const QString &cst)
     return tributo + QLatin1String("Outr");
 }
 
+// A taxed group carries either the base and the rate or the quantity and its unit value; an
+// untaxed one only the CST.
+bool NoGrupo(QLatin1String nome, bool tributado, bool porQtde)
+{
+    static const QStringList qtdes{QStringLiteral("qBCProd"), QStringLiteral("vAliqProd"), QStringLiteral("qUnid"),
+                                   QStringLiteral("vUnid")};
+    const bool aliq = nome == QLatin1String("vBC") || nome.startsWith(QLatin1Char('p'));
+    return nome == QLatin1String("CST") || (tributado && (porQtde ? !aliq : !qtdes.contains(nome)));
+}
+
 void EscreverContrib(TEscritor &e, const QString &tributo, TCamposNFe<TNFeContrib> campos, const TNFeContrib &c)
 {
     if (c.CST.isEmpty())
@@ -153,13 +155,9 @@ void EscreverContrib(TEscritor &e, const QString &tributo, TCamposNFe<TNFeContri
         const QString grupo = NomeContrib(tributo, c.CST);
         e.Grupo(grupo, [&] {
             const bool porQtde = grupo.endsWith(QLatin1String("Qtde")) || (grupo.endsWith(QLatin1String("Outr")) && c.qBCProd != 0);
-            for (const TCampoNFe<TNFeContrib> &f : campos) {
-                const bool aliq = f.nome == QLatin1String("vBC") || f.nome.startsWith(QLatin1Char('p'));
-                const bool qtde = f.nome == QLatin1String("qBCProd") || f.nome == QLatin1String("vAliqProd");
-                if (grupo.endsWith(QLatin1String("NT")) ? f.nome == QLatin1String("CST")
-                                                        : !(aliq && porQtde) && !(qtde && !porQtde))
+            for (const TCampoNFe<TNFeContrib> &f : campos)
+                if (NoGrupo(f.nome, !grupo.endsWith(QLatin1String("NT")), porQtde))
                     e.Folha(f, c, false);
-            }
         });
     });
 }
@@ -187,13 +185,9 @@ void EscreverImposto(TEscritor &e, const TItem &it)
             const int cst = it.IPI.CST.toInt();
             const bool trib = cst == 0 || cst == 49 || cst == 50 || cst == 99;
             e.Grupo(trib ? QStringLiteral("IPITrib") : QStringLiteral("IPINT"), [&] {
-                for (const auto &c : IPI().subspan(2)) {
-                    const bool porQtde = it.IPI.qUnid != 0;
-                    const bool aliq = c.nome == QLatin1String("vBC") || c.nome == QLatin1String("pIPI");
-                    const bool qtde = c.nome == QLatin1String("qUnid") || c.nome == QLatin1String("vUnid");
-                    if (c.nome == QLatin1String("CST") || (trib && !(aliq && porQtde) && !(qtde && !porQtde)))
+                for (const auto &c : IPI().subspan(2))
+                    if (NoGrupo(c.nome, trib, it.IPI.qUnid != 0))
                         e.Folha(c, it.IPI, false);
-                }
             });
         });
     }
@@ -246,25 +240,24 @@ void EscreverItem(TEscritor &e, const TItem &original)
 
 void EscreverIBSCBSTot(TEscritor &e, const TNFeIBSCBSTot &t)
 {
-    const QString zero = QStringLiteral("0.00");
-    const auto difDev = [&] {
-        e.Texto(QStringLiteral("vDif"), zero);
-        e.Texto(QStringLiteral("vDevTrib"), zero);
+    // The amounts the model does not keep are written as zero.
+    const auto zeros = [&](std::initializer_list<const char *> nomes) {
+        for (const char *nome : nomes)
+            e.Texto(QLatin1String(nome), QStringLiteral("0.00"));
     };
+    const auto folhas = [&](const char *pai) { e.Folhas(CamposNFe::IBSCBSTot(), t, QLatin1String(pai)); };
     e.Grupo(QStringLiteral("IBSCBSTot"), [&] {
-        e.Texto(QStringLiteral("vBCIBSCBS"), Decimal(t.vBCIBSCBS, 2));
+        folhas("IBSCBSTot");
         e.Grupo(QStringLiteral("gIBS"), [&] {
-            e.Grupo(QStringLiteral("gIBSUF"), [&] { difDev(); e.Texto(QStringLiteral("vIBSUF"), Decimal(t.vIBSUF, 2)); });
-            e.Grupo(QStringLiteral("gIBSMun"), [&] { difDev(); e.Texto(QStringLiteral("vIBSMun"), Decimal(t.vIBSMun, 2)); });
-            e.Texto(QStringLiteral("vIBS"), Decimal(t.vIBS, 2));
-            e.Texto(QStringLiteral("vCredPres"), Decimal(t.vCredPres, 2));
-            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+            for (const char *esfera : {"gIBSUF", "gIBSMun"})
+                e.Grupo(QLatin1String(esfera), [&] { zeros({"vDif", "vDevTrib"}); folhas(esfera); });
+            folhas("gIBS");
+            zeros({"vCredPresCondSus"});
         });
         e.Grupo(QStringLiteral("gCBS"), [&] {
-            difDev();
-            e.Texto(QStringLiteral("vCBS"), Decimal(t.vCBS, 2));
-            e.Texto(QStringLiteral("vCredPres"), zero);
-            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+            zeros({"vDif", "vDevTrib"});
+            folhas("gCBS");
+            zeros({"vCredPres", "vCredPresCondSus"});
         });
     });
 }
@@ -382,64 +375,34 @@ TnfeProc NFeExemplo(const QString &cnpjEmit, const QString &cnpjDest, qint64 num
     TnfeProc nfe;
     nfe.versao = QStringLiteral("4.00");
     TNFeIde &ide = nfe.ide;
-    ide.cUF = QStringLiteral("35");
-    ide.cNF = QString::number((numero * 7919 + 13) % 100000000).rightJustified(8, QLatin1Char('0'));
-    ide.natOp = QStringLiteral("VENDA DE MERCADORIA");
-    ide.serie = 1;
-    ide.nNF = numero;
-    ide.dhEmi = QDateTime(QDate(2026, 11, 20), QTime(10, 30), QTimeZone(-3 * 3600));
-    ide.tpNF = 1;
-    ide.idDest = 1;
-    ide.cMunFG = QStringLiteral("3550308");
-    ide.tpImp = 1;
-    ide.tpEmis = 1;
-    ide.tpAmb = 1;
-    ide.finNFe = 1;
-    ide.indPres = 9;
-    ide.verProc = QStringLiteral("GeradorNFe 1.0");
+    ide = {.cUF = "35", .cNF = QString::number((numero * 7919 + 13) % 100000000).rightJustified(8, QLatin1Char('0')),
+           .natOp = "VENDA DE MERCADORIA", .cMunFG = "3550308", .verProc = "GeradorNFe 1.0", .serie = 1, .tpNF = 1,
+           .idDest = 1, .tpImp = 1, .tpEmis = 1, .tpAmb = 1, .finNFe = 1, .indPres = 9, .nNF = numero,
+           .dhEmi = QDateTime(QDate(2026, 11, 20), QTime(10, 30), QTimeZone(-3 * 3600))};
     const QString chave43 = ide.cUF + ide.dhEmi.toString(QStringLiteral("yyMM")) + cnpjEmit.rightJustified(14, QLatin1Char('0'))
         + QStringLiteral("55") + QString::number(ide.serie).rightJustified(3, QLatin1Char('0'))
         + QString::number(numero).rightJustified(9, QLatin1Char('0')) + QString::number(ide.tpEmis) + ide.cNF;
     nfe.chave = chave43 + ChaveNFe::Digito(chave43);
     ide.cDV = nfe.chave.back().digitValue();
 
-    const TNFeEndereco endereco{QStringLiteral("RUA DAS FLORES"), QStringLiteral("120"), {}, QStringLiteral("CENTRO"),
-                                QStringLiteral("3550308"), QStringLiteral("SAO PAULO"), QStringLiteral("SP"),
-                                QStringLiteral("01001000"), QStringLiteral("1058"), QStringLiteral("BRASIL"),
-                                QStringLiteral("1133334444")};
-    nfe.emitente.CNPJ = cnpjEmit;
-    nfe.emitente.xNome = QStringLiteral("DISTRIBUIDORA EXEMPLO LTDA");
-    nfe.emitente.xFant = QStringLiteral("EXEMPLO");
-    nfe.emitente.IE = QStringLiteral("110042490114");
-    nfe.emitente.CRT = 3;
-    nfe.emitente.ender = endereco;
-    nfe.destinatario.CNPJ = cnpjDest;
-    nfe.destinatario.xNome = QStringLiteral("LOJA DESTINO LTDA");
-    nfe.destinatario.indIEDest = 1;
-    nfe.destinatario.IE = QStringLiteral("111222333444");
-    nfe.destinatario.ender = endereco;
+    const TNFeEndereco endereco{"RUA DAS FLORES", "120", {}, "CENTRO", "3550308", "SAO PAULO", "SP", "01001000", "1058",
+                                "BRASIL", "1133334444"};
+    nfe.emitente = {cnpjEmit, {}, "DISTRIBUIDORA EXEMPLO LTDA", "EXEMPLO", "110042490114", {}, {}, {}, 3, endereco};
+    nfe.destinatario = {cnpjDest, {}, {}, "LOJA DESTINO LTDA", "111222333444", {}, {}, {}, 1, endereco};
 
     TNFeICMSTot &tot = nfe.ICMSTot;
     for (int i = 1; i <= nItens; ++i) {
-        TItem &it = nfe.itens.Add();
-        it.nItem = i;
-        it.cProd = QStringLiteral("F%1").arg(i, 3, 10, QLatin1Char('0'));
-        it.xProd = QStringLiteral("PRODUTO EXEMPLO %1").arg(i);
-        it.NCM = QStringLiteral("22021000");
-        it.CFOP = QStringLiteral("5102");
-        it.uCom = it.uTrib = QStringLiteral("UN");
-        it.qCom = it.qTrib = 1 + i % 5;
         const Money unitario = Money::fromRaw(100000 + i * 2500);
-        it.vUnCom = it.vUnTrib = unitario.toDouble();
-        it.vProd = unitario * std::int64_t(it.qCom);
-        it.ICMS.grupo = QStringLiteral("ICMS00");
-        it.ICMS.CST = QStringLiteral("00");
-        it.ICMS.modBC = 3;
-        it.ICMS.vBC = it.vProd;
-        it.ICMS.pICMS = 18;
-        it.ICMS.vICMS = it.vProd.times(0.18).roundTo(2);
-        it.PIS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
-        it.COFINS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
+        const int qtd = 1 + i % 5;
+        TItem &it = nfe.itens.Add();
+        it = {.nItem = i, .cProd = QStringLiteral("F%1").arg(i, 3, 10, QLatin1Char('0')),
+              .xProd = QStringLiteral("PRODUTO EXEMPLO %1").arg(i), .NCM = "22021000", .CFOP = "5102", .uCom = "UN",
+              .uTrib = "UN", .qCom = double(qtd), .vUnCom = unitario.toDouble(), .qTrib = double(qtd),
+              .vUnTrib = unitario.toDouble(), .vProd = unitario * qtd};
+        it.ICMS = {.grupo = "ICMS00", .CST = "00", .modBC = 3, .vBC = it.vProd, .vICMS = it.vProd.times(0.18).roundTo(2),
+                   .pICMS = 18};
+        it.PIS = {"01", it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
+        it.COFINS = {"01", it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
         tot.vBC += it.ICMS.vBC;
         tot.vICMS += it.ICMS.vICMS;
         tot.vProd += it.vProd;
@@ -449,15 +412,7 @@ TnfeProc NFeExemplo(const QString &cnpjEmit, const QString &cnpjDest, qint64 num
     tot.vNF = tot.vProd;
     nfe.infCpl = QStringLiteral("Pedido 4521 & entrega <manhã>");
     nfe.assinado = true;
-    TNFeProt &prot = nfe.prot;
-    prot.presente = true;
-    prot.tpAmb = 1;
-    prot.verAplic = QStringLiteral("SP_NFE_PL009_V4");
-    prot.chNFe = nfe.chave;
-    prot.dhRecbto = ide.dhEmi.addSecs(95);
-    prot.nProt = QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0'));
-    prot.digVal = QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=");
-    prot.cStat = 100;
-    prot.xMotivo = QStringLiteral("Autorizado o uso da NF-e");
+    nfe.prot = {true, 1, 100, "SP_NFE_PL009_V4", nfe.chave, QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0')),
+                "bm90IGEgcmVhbCBkaWdlc3Q=", "Autorizado o uso da NF-e", ide.dhEmi.addSecs(95)};
     return nfe;
 }
