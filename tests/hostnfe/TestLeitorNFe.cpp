@@ -56,9 +56,7 @@ TnfeProc NotaCompleta()
     imp.CFOP = QStringLiteral("3102");
     imp.cEAN = imp.cEANTrib = QStringLiteral("7891234567895");
     imp.infAdProd = QStringLiteral("DI 26/0012345-6 <lote A&B>");
-    imp.ICMS.grupo = QStringLiteral("ICMS90");
-    imp.ICMS.CST = QStringLiteral("90");
-    imp.ICMS.pRedBC = 33.33;
+    imp.ICMS = {.grupo = "ICMS90", .CST = "90", .pRedBC = 33.33};
 
     TItem &dev = nfe.itens.GetItem(8);
     dev.vFrete = M("1.11");
@@ -109,36 +107,28 @@ TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
         EXPECT_EQ(l.nfe.assinado, f.op.assinatura) << f.forma;
     }
 
+    // Reader and writer share the field tables, so a field mapped wrongly in them would still
+    // round-trip: one value of each table checked against the model itself.
     const TnfeProc l = Ler(GerarXmlNFe(nota)).nfe;
-    EXPECT_EQ(l.chave, nota.chave);
-    EXPECT_TRUE(l.chave.contains(QStringLiteral("12ABC34501DE35")));
-    EXPECT_EQ(l.emitente.CNPJ, QStringLiteral("12ABC34501DE35"));
-    EXPECT_EQ(l.ide.nNF, 4521);
-    EXPECT_EQ(l.ide.dhSaiEnt.offsetFromUtc(), -4 * 3600);
-    EXPECT_EQ(l.ide.refNFe, nota.ide.refNFe);
     ASSERT_EQ(l.itens.Count(), 40);
-    const TItem &st = l.itens.GetItem(0);
-    EXPECT_EQ(st.ICMS.grupo, QStringLiteral("ICMS10"));
-    EXPECT_EQ(st.ICMS.vICMSST, M("10.91"));
-    EXPECT_EQ(st.ICMS.vFCPST, M("2.55"));
-    EXPECT_EQ(st.ICMS.pMVAST, 41.39);   // numbers read as exactly as strtod reads them
-    EXPECT_EQ(l.itens.GetItem(1).IPI.vIPI, M("13.01"));
-    EXPECT_EQ(l.itens.GetItem(1).ICMSUFDest.vICMSUFDest, M("10.01"));
-    EXPECT_EQ(l.itens.GetItem(2).ICMS.vICMSSTRet, M("4.87"));
-    EXPECT_EQ(l.itens.GetItem(3).ICMS.CSOSN, QStringLiteral("202"));
-    EXPECT_EQ(l.itens.GetItem(3).COFINS.valor, M("1.52"));
-    EXPECT_EQ(l.itens.GetItem(4).IBSCBS.vCBS, M("0.90"));
-    EXPECT_EQ(l.itens.GetItem(6).CFOP, QStringLiteral("3102"));
-    EXPECT_EQ(l.itens.GetItem(6).cEAN, QStringLiteral("7891234567895"));
-    EXPECT_EQ(l.itens.GetItem(7).cEAN, QString());   // "SEM GTIN"
-    EXPECT_EQ(l.itens.GetItem(8).vIPIDevol, M("6.50"));
-    EXPECT_EQ(l.itens.GetItem(8).vUnCom, 0.0123456789);
-    EXPECT_EQ(l.itens.GetItem(8).qCom, 1.2345);
+    const auto item = [&](int i) -> const TItem & { return l.itens.GetItem(i); };
+    EXPECT_EQ(l.emitente.CNPJ + ' ' + QString::number(l.ide.nNF), QStringLiteral("12ABC34501DE35 4521"));
+    EXPECT_EQ(item(0).ICMS.vICMSST, M("10.91"));
+    EXPECT_EQ(item(0).ICMS.vFCPST, M("2.55"));
+    EXPECT_EQ(item(0).ICMS.pMVAST, 41.39);   // numbers read as exactly as strtod reads them
+    EXPECT_EQ(item(1).IPI.vIPI, M("13.01"));
+    EXPECT_EQ(item(1).ICMSUFDest.vICMSUFDest, M("10.01"));
+    EXPECT_EQ(item(2).ICMS.vICMSSTRet, M("4.87"));
+    EXPECT_EQ(item(3).ICMS.CSOSN + ' ' + item(6).CFOP + ' ' + item(6).cEAN, QStringLiteral("202 3102 7891234567895"));
+    EXPECT_EQ(item(3).COFINS.valor, M("1.52"));
+    EXPECT_EQ(item(4).IBSCBS.vCBS, M("0.90"));
+    EXPECT_EQ(item(7).cEAN, QString());   // "SEM GTIN"
+    EXPECT_EQ(item(8).vIPIDevol, M("6.50"));
+    EXPECT_EQ(item(8).vUnCom, 0.0123456789);
+    EXPECT_EQ(item(8).qCom, 1.2345);
     EXPECT_EQ(l.ICMSTot.vProd, nota.ICMSTot.vProd);
     EXPECT_EQ(l.IBSCBSTot.vCBS, M("0.90"));
-    EXPECT_EQ(l.transp.UFVeic, QStringLiteral("MG"));
-    EXPECT_EQ(l.transp.UF, QStringLiteral("SP"));
-    EXPECT_EQ(l.prot.nProt, nota.prot.nProt);
+    EXPECT_EQ(l.transp.UF + ' ' + l.transp.UFVeic + ' ' + l.prot.nProt, "SP MG " + nota.prot.nProt);
 }
 
 TEST(LeitorNFe, GruposOpcionaisAusentesEDataSoDeLayoutAntigo)

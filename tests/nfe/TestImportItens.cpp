@@ -69,11 +69,7 @@ QString Coluna(TClientDataSet &ds, const char *campo)
 
 TEST_F(ImportItens, ProdutoPeloCodigoDoFornecedorDepoisPeloCodigoDeBarras)
 {
-    const struct
-    {
-        int fornec;
-        const char *prodCods, *descrs, *unids;
-    } casos[] = {
+    const struct { int fornec; const char *prodCods, *descrs, *unids; } casos[] = {
         {1, "1|2|0", "PRODUTO UM|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
         {2, "3|2|0", "PRODUTO TRES COMPOSTO|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
     };
@@ -111,10 +107,7 @@ TEST_F(ImportItens, DevolverTudoIgualaAOrigemEParteDaQuantidadeEProporcional)
     ASSERT_TRUE(dados.SetQtdDev(1, 0));
     ASSERT_TRUE(dados.SetQtdDev(0, 1));
     ASSERT_EQ(destino.RecordCount(), 1);
-    const struct
-    {
-        const char *campo, *valor;
-    } esperados[] = {
+    const struct { const char *campo, *valor; } esperados[] = {
         {"QTD", "1"}, {"CUSTO_TOT", "33,33"}, {"DESCONTO", "3,33"}, {"CUSTO", "30,00"}, {"CUSTO_UNIT", "30,0000"},
         {"FRETE", "0,02"}, {"SEGURO", "0,33"}, {"OUTRAS", "0,67"}, {"VIPI", "1,67"}, {"PIPI", "5,00"},
         {"ICMS_ST_VAL", "2,40"}, {"ICMS_ST_BC_VAL", "46,67"}, {"ICMS_ST_PERC", "18,00"}, {"TRIB_ICMS_VFCP", "0,67"},
@@ -172,41 +165,29 @@ TEST_F(ImportItens, DialogoPerguntaQtdRecusaItemSemProdutoEOkSemQuantidade)
 TEST_F(ImportItens, AvisosDeChaveDestinatarioENotasQueJaUsamAChave)
 {
     const QString chave = Documento()->chave;
-    const struct
-    {
-        const char *nome;
-        std::function<void(TnfeProc &)> mudar;
-        QString sql;
-        QStringList trechos;
-    } casos[] = {
-        {"tudo certo", [](TnfeProc &) {}, {}, {}},
-        {"dígito errado", [](TnfeProc &d) { d.chave[43] = d.chave[43] == u'1' ? u'2' : u'1'; }, {}, {"dígito verificador"}},
+    // Each case brings exactly one warning: the untouched document on an empty database brings none.
+    const struct { const char *nome; std::function<void(TnfeProc &)> mudar; QString sql; QString trecho; } casos[] = {
+        {"dígito errado", [](TnfeProc &d) { d.chave[43] = d.chave[43] == u'1' ? u'2' : u'1'; }, {}, "dígito verificador"},
         {"outro destinatário", [](TnfeProc &d) { d.destinatario.CNPJ = QStringLiteral("11222333000262"); }, {},
-         {"destinatário (11222333000262) não é a empresa da nota (CNPJ 11222333000181)"}},
-        {"referida por outra nota",
-         [](TnfeProc &) {},
+         "destinatário (11222333000262) não é a empresa da nota (CNPJ 11222333000181)"},
+        {"referida por outra nota", [](TnfeProc &) {},
          "insert into compra (empr_cod, estacao_cod, compra_cod, nfe_chave_ref3) values (1, 1, 8, '" + chave + "')",
-         {"a nota 001-0000008 já se refere a esta chave"}},
-        {"importada em outra nota; a nota atual e as canceladas não contam",
-         [](TnfeProc &) {},
+         "a nota 001-0000008 já se refere a esta chave"},
+        {"importada em outra nota; a nota atual e as canceladas não contam", [](TnfeProc &) {},
          "insert into compra (empr_cod, estacao_cod, compra_cod, arq_xml, nfe_chave_ref) select 1, 1, 9, '<x>" + chave
              + "</x>', null from rdb$database union all select 1, 1, 5, null, '" + chave
              + "' from rdb$database union all select 1, 2, 6, null, '" + chave + "' from rdb$database",
-         {"a nota 001-0000009 já foi importada deste XML"}},
+         "a nota 001-0000009 já foi importada deste XML"},
     };
     for (const auto &c : casos) {
         TestDatabase banco;
         ASSERT_TRUE(banco.ok()) << banco.erro().toStdString();
-        if (!c.sql.isEmpty()) {
-            ASSERT_EQ(banco.exec(c.sql), QString()) << c.nome;
-        }
-        ASSERT_EQ(banco.exec(QStringLiteral("update compra set cancelado='S' where compra_cod=6")), QString());
+        ASSERT_EQ(banco.execScript(c.sql + ";\nupdate compra set cancelado='S' where compra_cod=6;"), QString()) << c.nome;
         auto doc = Documento();
         c.mudar(*doc);
         const QStringList avisos = AvisosImportacao(banco.conexao(), 1, *doc, TChaveNota{1, 1, 5});
-        ASSERT_EQ(avisos.size(), c.trechos.size()) << c.nome << ": " << avisos.join(" | ").toStdString();
-        for (int i = 0; i < avisos.size(); ++i)
-            EXPECT_TRUE(avisos[i].contains(c.trechos[i])) << c.nome << ": " << avisos[i].toStdString();
+        ASSERT_EQ(avisos.size(), 1) << c.nome << ": " << avisos.join(" | ").toStdString();
+        EXPECT_TRUE(avisos[0].contains(c.trecho)) << c.nome << ": " << avisos[0].toStdString();
     }
 }
 

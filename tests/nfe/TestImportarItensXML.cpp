@@ -118,23 +118,7 @@ TEST_F(ImportarItensXML, AReturnFromTwoDocumentsTypedIntoThePanel)
                                                                       {TipoMensagem::Erro, comItens}}));
 }
 
-TEST_F(ImportarItensXML, ARetornoDeComodatoNeedsNoSupplier)
-{
-    abrir();
-    novaNota(5);
-    h->FornecComboBox()->setCurrentIndex(-1);
-    TRoteiroModal roteiro;
-    int notas = -1;
-    roteiro.Responder([&](QDialog &d) {
-        notas = int(static_cast<TRepF_ImportItensF &>(d).Dados().NotasOrigem().size());
-        return int(QDialog::Rejected);
-    });
-    h->ItensButton()->click();
-    EXPECT_EQ(notas, 0);
-    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
-}
-
-TEST_F(ImportarItensXML, TheXMLButtonTypesAComodatoReturnAndFilesOtherKeys)
+TEST_F(ImportarItensXML, AComodatoReturnNeedsNoSupplierTheXMLButtonTypesItAndFilesOtherKeys)
 {
     QTemporaryDir origem;
     // The company's own shipment: its codes are the products'; product 2 comes in packages of 12.
@@ -150,6 +134,20 @@ TEST_F(ImportarItensXML, TheXMLButtonTypesAComodatoReturnAndFilesOtherKeys)
 
     abrir();
     novaNota(5);
+    // A return of a loan needs no supplier: the import dialog opens without one, with no document.
+    const int fornec = h->FornecComboBox()->currentIndex();
+    h->FornecComboBox()->setCurrentIndex(-1);
+    TRoteiroModal roteiro;
+    int notas = -1;
+    roteiro.Responder([&](QDialog &d) {
+        notas = int(static_cast<TRepF_ImportItensF &>(d).Dados().NotasOrigem().size());
+        return int(QDialog::Rejected);
+    });
+    h->ItensButton()->click();
+    EXPECT_EQ(notas, 0);
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+
+    h->FornecComboBox()->setCurrentIndex(fornec);
     dialogos.ResponderArquivo(arquivo);
     h->XMLImportButton()->click();
     EXPECT_EQ(h->NFEChaveRefLabeledEdit()->text(), remessa.chave);
