@@ -93,7 +93,7 @@ protected:
     QTemporaryDir fiscal;
 };
 
-TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFive)
+TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFiveBeforeAnyDialog)
 {
     auto lista = abrir({QString(), QString()});
     EXPECT_EQ(linhasDe(*lista), (QStringList{"Chaves", ""}));
@@ -117,12 +117,8 @@ TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFive)
         EXPECT_EQ(lista->Grid()->rowCount(), p.linhas) << p.chave.toStdString();
         EXPECT_EQ(info(), p.mensagem);
     }
-    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('2'), K('3'), K('4'), K('5')}));
-}
 
-TEST_F(ChavesRef, FullListRefusesBeforeAnyDialogOpens)
-{
-    auto lista = abrir({K('1'), K('2'), K('3'), K('4'), K('5')});
+    // A full list refuses before any dialog opens.
     QGuiApplication::clipboard()->setText(K('6'));
     for (QAction *acao : {lista->InsAct(), lista->ColarAct(), lista->ImportXmlAct()}) {
         dialogos.Limpar();
@@ -132,7 +128,7 @@ TEST_F(ChavesRef, FullListRefusesBeforeAnyDialogOpens)
         EXPECT_EQ(dialogos.Mensagens(), QList<DialogosTeste::Registro>(2, {TipoMensagem::Info, Maximo}))
             << acao->objectName().toStdString();
     }
-    EXPECT_EQ(lista->Chaves().size(), 5);
+    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('2'), K('3'), K('4'), K('5')}));
 }
 
 TEST_F(ChavesRef, InserirTakesTheDigitsOfTheFileTheDownloadDialogFound)
@@ -188,7 +184,7 @@ TEST_F(ChavesRef, DownloadDialogSearchesTheFiscalFolderInOrder)
     }
 }
 
-TEST_F(ChavesRef, PergTrimsAlterarMayDuplicateExclAsksFirst)
+TEST_F(ChavesRef, PergTrimsColarTakesExactly44AlterarMayDuplicateExclAsksFirst)
 {
     const struct { QString digitado; bool ok; QString chave; QString mensagem; } casos[] = {
         {"  " + K('8') + " ", true, K('8'), {}}, {K('8').left(43), true, "antes", Tamanho}, {K('8'), false, "antes", {}},
@@ -211,18 +207,15 @@ TEST_F(ChavesRef, PergTrimsAlterarMayDuplicateExclAsksFirst)
         lista->ExclActExecute();
     }
     EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('3')}));
-}
 
-TEST_F(ChavesRef, ColarTakesTheFirstLineOfExactly44)
-{
-    auto lista = abrir({K('1')});
-    for (const QString &area : {K('3') + " \nx", QString(), K('3') + "\r\n" + K('4')}) {
+    // Colar takes the clipboard's first line when it has exactly 44 characters.
+    for (const QString &area : {K('4') + " \nx", QString(), K('4') + "\r\n" + K('5')}) {
         dialogos.Limpar();
         QGuiApplication::clipboard()->setText(area);
         lista->ColarActExecute();
         EXPECT_EQ(info(), area.contains(u'\r') ? QString() : Tamanho) << area.toStdString();
     }
-    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('3')}));
+    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('3'), K('4')}));
 }
 
 class ChavesRefTela : public TelaTeste

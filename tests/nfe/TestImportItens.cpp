@@ -19,7 +19,7 @@ namespace {
 const QString CnpjFornec1 = QStringLiteral("44555666000181");
 const QString CnpjEmpresa1 = QStringLiteral("11222333000181");
 
-// Item 1 by its supplier code (F001: product 1 for supplier 1, product 3 for any supplier),
+// Item 1 by its supplier code (F001: product 1 for supplier 1, product 3 for any other),
 // item 2 by its GTIN (product 2), item 3 matching nothing; item 1 carries every money column.
 std::unique_ptr<TnfeProc> Documento(qint64 numero = 123)
 {
@@ -65,23 +65,6 @@ QString Coluna(TClientDataSet &ds, const char *campo)
     for (int linha = 0; linha < ds.RecordCount(); ++linha)
         valores << ds.DisplayTextAt(linha, ds.FieldByName(QLatin1String(campo)).Index());
     return valores.join(QLatin1Char('|'));
-}
-
-TEST_F(ImportItens, ProdutoPeloCodigoDoFornecedorDepoisPeloCodigoDeBarras)
-{
-    const struct { int fornec; const char *prodCods, *descrs, *unids; } casos[] = {
-        {1, "1|2|0", "PRODUTO UM|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
-        {2, "3|2|0", "PRODUTO TRES COMPOSTO|PRODUTO DOIS|<NÃO LOCALIZADO>", "UN|CX|"},
-    };
-    for (const auto &c : casos) {
-        TImportItensDados dados(db.conexao(), c.fornec);
-        dados.AdicionarDocumento(Documento());
-        ASSERT_TRUE(dados.PreencherItensOrigem()) << dados.Erro().toStdString();
-        EXPECT_EQ(Coluna(dados.Origem(), "prod_cod"), c.prodCods) << c.fornec;
-        EXPECT_EQ(Coluna(dados.Origem(), "prod_descr"), QString::fromUtf8(c.descrs)) << c.fornec;
-        EXPECT_EQ(Coluna(dados.Origem(), "UNID_SIGLA"), c.unids) << c.fornec;
-        EXPECT_EQ(Coluna(dados.Origem(), "prod_fabr_nome"), "FABRICANTE TESTE|FABRICANTE TESTE|") << c.fornec;
-    }
 }
 
 TEST_F(ImportItens, DevolverTudoIgualaAOrigemEParteDaQuantidadeEProporcional)
@@ -219,9 +202,18 @@ TEST_F(ImportItens, XmlItemsEXmlKeyLeemOArquivoComoODialogoMostra)
     EXPECT_EQ(linhas[1], "123\t1\tF001\tPRODUTO EXEMPLO 1\t3\t0\t\t1\tPRODUTO UM\tFABRICANTE TESTE\tUN\t10,25\t10,00\t"
                          "100,00\t2,00\t0,05\t1,00\t0000\t5102\t22021000\t0,00\t0,00\t18,00\t3,69\t0,00\t0,00\t0,00\t"
                          "0,00\t0,00\t20,50\t0,00\t3\t0\t0\t0,00\t2,00\t2,00\t0,00\t0,00\t0,00");
+    // The product by the supplier's code, then by the GTIN: code, description, manufacturer, unit.
+    const auto produtos = [&] {
+        QStringList p;
+        for (const QString &linha : saida.split(u'\n').mid(1, 3))
+            p << linha.section(u'\t', 7, 10);
+        return p.join(u'|');
+    };
+    const QString outros = QStringLiteral("|2\tPRODUTO DOIS\tFABRICANTE TESTE\tCX|0\t<NÃO LOCALIZADO>\t\t");
+    EXPECT_EQ(produtos(), "1\tPRODUTO UM\tFABRICANTE TESTE\tUN" + outros);
     saida.clear();
     ASSERT_EQ(rodar({"xml-items", arquivo, "--supplier", "2"}, saida, erros), 0) << erros.toStdString();
-    EXPECT_TRUE(saida.split('\n').value(1).contains("\t3\tPRODUTO TRES COMPOSTO\t")) << saida.toStdString();
+    EXPECT_EQ(produtos(), "3\tPRODUTO TRES COMPOSTO\tFABRICANTE TESTE\tUN" + outros);
 
     saida.clear();
     EXPECT_EQ(rodar({"xml-key", arquivo}, saida, erros), 0) << erros.toStdString();
