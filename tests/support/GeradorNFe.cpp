@@ -88,21 +88,17 @@ public:
         Fechar();
     }
 
+    // Not a valid signature: the reader only notes that there is one and skips it whole.
     void Assinatura(const QString &chave, const QString &digest)
     {
         const QString ns = std::exchange(m_ns, NsDsig);
         w.writeDefaultNamespace(NsDsig);
         Grupo(QStringLiteral("Signature"), [&] {
             Grupo(QStringLiteral("SignedInfo"), [&] {
-                Algoritmo(QStringLiteral("CanonicalizationMethod"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
-                Algoritmo(QStringLiteral("SignatureMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#rsa-sha1"));
+                w.writeEmptyElement(m_ns, QStringLiteral("CanonicalizationMethod"));
+                Atributo(QStringLiteral("Algorithm"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
                 Abrir(QStringLiteral("Reference"));
                 Atributo(QStringLiteral("URI"), QStringLiteral("#NFe") + chave);
-                Grupo(QStringLiteral("Transforms"), [&] {
-                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#enveloped-signature"));
-                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
-                });
-                Algoritmo(QStringLiteral("DigestMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#sha1"));
                 Texto(QStringLiteral("DigestValue"), digest);
                 Fechar();
             });
@@ -115,12 +111,6 @@ public:
     }
 
 private:
-    void Algoritmo(const QString &nome, const QString &algoritmo)
-    {
-        w.writeEmptyElement(m_ns, nome);
-        Atributo(QStringLiteral("Algorithm"), algoritmo);
-    }
-
     QXmlStreamWriter w;
     QString m_ns;
 };
@@ -316,10 +306,10 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
             EscreverIBSCBSTot(e, nfe.IBSCBSTot);
     });
     EscreverTransp(e, nfe.transp);
+    // Not read: a group the reader must skip inside infNFe.
     e.Grupo(QStringLiteral("pag"), [&] {
         e.Grupo(QStringLiteral("detPag"), [&] {
-            const bool semPagamento = nfe.ICMSTot.vNF == Money();
-            e.Texto(QStringLiteral("tPag"), semPagamento ? QStringLiteral("90") : QStringLiteral("15"));
+            e.Texto(QStringLiteral("tPag"), nfe.ICMSTot.vNF == Money() ? QStringLiteral("90") : QStringLiteral("15"));
             e.Texto(QStringLiteral("vPag"), Decimal(nfe.ICMSTot.vNF, 2));
         });
     });
@@ -333,7 +323,6 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
 QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
 {
     QByteArray xml;
-    const QString digest = nfe.prot.digVal.isEmpty() ? QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=") : nfe.prot.digVal;
     {
         TEscritor e(&xml, opcoes);
         const auto versao = [&] { e.Atributo(QStringLiteral("versao"), QStringLiteral("4.00")); };
@@ -341,7 +330,7 @@ QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
             e.Grupo(QStringLiteral("NFe"), [&] {
                 EscreverInfNFe(e, nfe);
                 if (opcoes.assinatura)
-                    e.Assinatura(nfe.chave, digest);
+                    e.Assinatura(nfe.chave, nfe.prot.digVal.isEmpty() ? QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=") : nfe.prot.digVal);
             });
         };
         if (!opcoes.comProtocolo) {
@@ -352,16 +341,12 @@ QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
                 documento();
                 e.Grupo(QStringLiteral("protNFe"), [&] {
                     versao();
-                    e.Grupo(QStringLiteral("infProt"), [&] {
-                        e.Folhas(CamposNFe::Prot(), nfe.prot);
-                    });
+                    e.Grupo(QStringLiteral("infProt"), [&] { e.Folhas(CamposNFe::Prot(), nfe.prot); });
                 });
             });
         }
     }
-    if (opcoes.bom)
-        xml.prepend("\xEF\xBB\xBF");
-    return xml;
+    return opcoes.bom ? "\xEF\xBB\xBF" + xml : xml;
 }
 
 bool GravarXmlNFe(const QString &caminho, const TnfeProc &nfe, const OpcoesGeracao &opcoes)
