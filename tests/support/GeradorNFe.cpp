@@ -49,20 +49,19 @@ public:
     {
         std::visit(
             [&](auto membro) {
-                using T = std::remove_cvref_t<decltype(s.*membro)>;
-                const T &v = s.*membro;
-                if constexpr (std::is_same_v<T, QString>) {
-                    if (!v.isEmpty())
-                        Texto(c.nome, v);
-                } else if constexpr (std::is_same_v<T, QDateTime>) {
-                    if (v.isValid())
-                        Texto(c.nome, v.toString(Qt::ISODate));
-                } else if (!opcional || v != T{}) {
-                    if constexpr (std::is_same_v<T, Money> || std::is_same_v<T, double>)
-                        Texto(c.nome, Decimal(v, c.casas));
-                    else
-                        Texto(c.nome, QString::number(v));
-                }
+                const auto &v = s.*membro;
+                using T = std::remove_cvref_t<decltype(v)>;
+                QString texto;
+                if constexpr (std::is_same_v<T, QString>)
+                    texto = v;
+                else if constexpr (std::is_same_v<T, QDateTime>)
+                    texto = v.toString(Qt::ISODate);
+                else if constexpr (std::is_integral_v<T>)
+                    texto = opcional && v == 0 ? QString() : QString::number(v);
+                else
+                    texto = opcional && v == T{} ? QString() : Decimal(v, c.casas);
+                if (!texto.isEmpty())
+                    Texto(c.nome, texto);
             },
             c.membro);
     }
@@ -115,18 +114,6 @@ private:
     QString m_ns;
 };
 
-QString NomeContrib(const QString &tributo, const QString &cst)
-{
-    const int c = cst.toInt();
-    if (c == 1 || c == 2)
-        return tributo + QLatin1String("Aliq");
-    if (c == 3)
-        return tributo + QLatin1String("Qtde");
-    if (c >= 4 && c <= 9)
-        return tributo + QLatin1String("NT");
-    return tributo + QLatin1String("Outr");
-}
-
 // A taxed group carries either the base and the rate or the quantity and its unit value; an
 // untaxed one only the CST.
 bool NoGrupo(QLatin1String nome, bool tributado, bool porQtde)
@@ -141,8 +128,9 @@ void EscreverContrib(TEscritor &e, const QString &tributo, TCamposNFe<TNFeContri
 {
     if (c.CST.isEmpty())
         return;
+    const int cst = c.CST.toInt();
+    const QString grupo = tributo + QLatin1String(cst == 1 || cst == 2 ? "Aliq" : cst == 3 ? "Qtde" : cst >= 4 && cst <= 9 ? "NT" : "Outr");
     e.Grupo(tributo, [&] {
-        const QString grupo = NomeContrib(tributo, c.CST);
         e.Grupo(grupo, [&] {
             const bool porQtde = grupo.endsWith(QLatin1String("Qtde")) || (grupo.endsWith(QLatin1String("Outr")) && c.qBCProd != 0);
             for (const TCampoNFe<TNFeContrib> &f : campos)
