@@ -41,8 +41,7 @@ TEST(ChaveNFe, NomeXMLToNFEChave)
     QTemporaryDir pasta;
     for (const auto &c : casos) {
         QFile f(pasta.filePath(QStringLiteral("nota.xml")));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate));
-        f.write(c.conteudo.toUtf8());
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly | QIODevice::Truncate) && f.write(c.conteudo.toUtf8()) > 0);
         f.close();
         EXPECT_EQ(NomeXMLToNFEChave(f.fileName()), c.esperado) << c.caso;
     }

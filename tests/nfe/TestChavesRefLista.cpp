@@ -61,8 +61,7 @@ protected:
     {
         TBaixaNFePorChave::Definir(nullptr);
         Contexto::Atual().pastaFiscal.clear();
-        EXPECT_EQ(roteiro.Pendentes(), 0);
-        EXPECT_EQ(roteiro.SemResposta(), 0);
+        EXPECT_EQ(roteiro.Pendentes() + roteiro.SemResposta(), 0);
     }
 
     std::unique_ptr<TNfeChavesRefListaF> abrir(const QStringList &chaves)

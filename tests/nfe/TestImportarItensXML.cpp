@@ -68,10 +68,8 @@ protected:
 TEST_F(ImportarItensXML, AReturnFromTwoDocumentsTypedIntoThePanel)
 {
     const TnfeProc doc1 = Documento(101, 2), doc2 = Documento(102, 1);
-    ASSERT_TRUE(GravarXmlNFe(QDir(fiscal.path()).filePath(doc1.chave + QStringLiteral("-nfe.xml")), doc1));
-    ASSERT_TRUE(QDir(fiscal.path()).mkdir(QStringLiteral("2026")));
-    const QString caminho2 = QDir(fiscal.path()).filePath(QStringLiteral("2026/") + doc2.chave + QStringLiteral(".xml"));
-    ASSERT_TRUE(GravarXmlNFe(caminho2, doc2));
+    ASSERT_TRUE(GravarXmlNFe(fiscal.filePath(doc1.chave + QStringLiteral("-nfe.xml")), doc1) && QDir(fiscal.path()).mkdir("2026")
+                && GravarXmlNFe(fiscal.filePath(QStringLiteral("2026/") + doc2.chave + QStringLiteral(".xml")), doc2));
     const QString ausente = QString(43, QLatin1Char('5')) + QLatin1Char('0');
 
     abrir();

@@ -174,9 +174,7 @@ void EscreverImposto(TEscritor &e, const TItem &it)
     if (it.ICMSUFDest.presente)
         e.Grupo(QStringLiteral("ICMSUFDest"), [&] { e.Folhas(ICMSUFDest(), it.ICMSUFDest); });
     if (it.IBSCBS.presente) {
-        const auto sub = [&](QLatin1String nome) {
-            e.Grupo(nome, [&] { e.Folhas(IBSCBS(), it.IBSCBS, nome); });
-        };
+        const auto sub = [&](QLatin1String nome) { e.Grupo(nome, [&] { e.Folhas(IBSCBS(), it.IBSCBS, nome); }); };
         e.Grupo(QStringLiteral("IBSCBS"), [&] {
             e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("IBSCBS"));
             e.Grupo(QStringLiteral("gIBSCBS"), [&] {
@@ -268,24 +266,19 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
             }
         });
     });
-    const auto endereco = [&](const QString &nome, const TNFeEndereco &end) {
-        e.Grupo(nome, [&] { e.Folhas(Endereco(), end); });
-    };
-    e.Grupo(QStringLiteral("emit"), [&] {
-        e.Folhas(Emit(), nfe.emitente, {}, {}, [&](QLatin1String nome) {
-            if (nome == QLatin1String("xFant"))
-                endereco(QStringLiteral("enderEmit"), nfe.emitente.ender);
-        });
-    });
-    const TPess_Dest &d = nfe.destinatario;
-    if (!d.CNPJ.isEmpty() || !d.CPF.isEmpty() || !d.idEstrangeiro.isEmpty()) {
-        e.Grupo(QStringLiteral("dest"), [&] {
-            e.Folhas(Dest(), d, {}, {}, [&](QLatin1String nome) {
-                if (nome == QLatin1String("xNome"))
-                    endereco(QStringLiteral("enderDest"), d.ender);
+    // The address goes right after the leaf `antes`.
+    const auto pessoa = [&](const QString &grupo, auto campos, const auto &p, const char *antes, const QString &endereco) {
+        e.Grupo(grupo, [&] {
+            e.Folhas(campos, p, {}, {}, [&](QLatin1String nome) {
+                if (nome == QLatin1String(antes))
+                    e.Grupo(endereco, [&] { e.Folhas(Endereco(), p.ender); });
             });
         });
-    }
+    };
+    pessoa(QStringLiteral("emit"), Emit(), nfe.emitente, "xFant", QStringLiteral("enderEmit"));
+    const TPess_Dest &d = nfe.destinatario;
+    if (!d.CNPJ.isEmpty() || !d.CPF.isEmpty() || !d.idEstrangeiro.isEmpty())
+        pessoa(QStringLiteral("dest"), Dest(), d, "xNome", QStringLiteral("enderDest"));
     for (int i = 0; i < nfe.itens.Count(); ++i)
         EscreverItem(e, nfe.itens.GetItem(i));
     e.Grupo(QStringLiteral("total"), [&] {
