@@ -26,9 +26,7 @@ TnfeProc NotaCompleta()
     nfe.ide.refNFe = {Chave, QStringLiteral("35261198765432000198550010000000071000000075")};
     nfe.ide.dhSaiEnt = QDateTime(QDate(2026, 11, 21), QTime(8, 0), QTimeZone(-4 * 3600));
     nfe.infAdFisco = QStringLiteral("ICMS ST recolhido conforme protocolo");
-    nfe.transp = {1, QStringLiteral("11222333000181"), {}, QStringLiteral("TRANSPORTES RAPIDO"), {}, {},
-                  QStringLiteral("CAMPINAS"), QStringLiteral("SP"), QStringLiteral("ABC1D23"), QStringLiteral("MG"),
-                  12, 110.5, 118.25, QStringLiteral("CAIXA"), {}, {}};
+    nfe.transp = {1, "11222333000181", {}, "TRANSPORTES RAPIDO", {}, {}, "CAMPINAS", "SP", "ABC1D23", "MG", 12, 110.5, 118.25, "CAIXA"};
     nfe.IBSCBSTot = {true, M("100"), M("0.10"), M("0"), M("0.10"), M("0"), M("0.90")};
 
     nfe.itens.GetItem(0).ICMS = {.grupo = "ICMS10", .CST = "10", .modBC = 3, .vBC = M("100"), .vICMS = M("12"),
@@ -37,20 +35,19 @@ TnfeProc NotaCompleta()
                                  .vICMSST = M("10.91"), .vBCFCPST = M("127.25"), .vFCPST = M("2.55"), .pFCPST = 2};
 
     TItem &ipi = nfe.itens.GetItem(1);
-    ipi.IPI = {true, QStringLiteral("999"), {}, QStringLiteral("50"), M("200.10"), M("13.01"), 6.5, 0, 0};
+    ipi.IPI = {true, "999", {}, "50", M("200.10"), M("13.01"), 6.5};
     ipi.ICMSUFDest = {true, M("200.10"), M("200.10"), M("4.00"), M("10.01"), M("0"), 2, 20, 12, 100};
 
     nfe.itens.GetItem(2).ICMS = {.grupo = "ICMS60", .orig = 2, .CST = "60", .vBCSTRet = M("80.40"),
                                  .vICMSSubstituto = M("9.60"), .vICMSSTRet = M("4.87"), .pST = 18};
     TItem &sn = nfe.itens.GetItem(3);
     sn.ICMS = {.grupo = "ICMSSN202", .CSOSN = "202", .modBCST = 4, .pICMSST = 18, .vBCST = M("55.50"), .vICMSST = M("3.21")};
-    sn.PIS = {QStringLiteral("07"), {}, {}, 0};
-    sn.COFINS = {QStringLiteral("03"), {}, M("1.52"), 0, 4, 0.38};
+    sn.PIS = {"07"};
+    sn.COFINS = {"03", {}, M("1.52"), 0, 4, 0.38};
 
     TItem &ibs = nfe.itens.GetItem(4);
-    ibs.IBSCBS = {true, QStringLiteral("000"), QStringLiteral("000001"), M("100"), M("0.10"), M("0"), M("0.10"),
-                  M("0.90"), 0.1, 0, 0.9};
-    ibs.IPI = {true, QStringLiteral("301"), QStringLiteral("11222333000181"), QStringLiteral("53"), {}, {}, 0, 0, 0};
+    ibs.IBSCBS = {true, "000", "000001", M("100"), M("0.10"), M("0"), M("0.10"), M("0.90"), 0.1, 0, 0.9};
+    ibs.IPI = {true, "301", "11222333000181", "53"};
 
     TItem &imp = nfe.itens.GetItem(6);
     imp.CFOP = QStringLiteral("3102");
@@ -69,12 +66,7 @@ TnfeProc NotaCompleta()
     return nfe;
 }
 
-struct Lido
-{
-    TnfeProc nfe;
-    bool ok = false;
-    QString erro;
-};
+struct Lido { TnfeProc nfe; bool ok = false; QString erro; };
 
 Lido Ler(const QByteArray &xml, const QString &nome = QStringLiteral("nota.xml"))
 {

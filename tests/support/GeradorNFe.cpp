@@ -369,13 +369,12 @@ TnfeProc NFeExemplo(const QString &cnpjEmit, const QString &cnpjDest, qint64 num
                    .pICMS = 18};
         it.PIS = {"01", it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
         it.COFINS = {"01", it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
-        tot.vBC += it.ICMS.vBC;
         tot.vICMS += it.ICMS.vICMS;
         tot.vProd += it.vProd;
         tot.vPIS += it.PIS.valor;
         tot.vCOFINS += it.COFINS.valor;
     }
-    tot.vNF = tot.vProd;
+    tot.vBC = tot.vNF = tot.vProd;   // every item's ICMS base is its value
     nfe.infCpl = QStringLiteral("Pedido 4521 & entrega <manhã>");
     nfe.assinado = true;
     nfe.prot = {true, 1, 100, "SP_NFE_PL009_V4", nfe.chave, QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0')),
