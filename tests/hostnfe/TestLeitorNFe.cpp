@@ -153,10 +153,8 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
         {"outro namespace", "<NFe xmlns=\"http://www.exemplo.com.br/nfe\"><infNFe/></NFe>", "o namespace 'http://www.exemplo.com.br/nfe'"},
         {"outra raiz", "<html><infNFe/></html>", "o elemento raiz é <html>"},
         {"sem infNFe", "<nfeProc xmlns=\"http://www.portalfiscal.inf.br/nfe\"><NFe/></nfeProc>", "sem o grupo <infNFe>"},
-        {"bomba de entidades",
-         "<?xml version=\"1.0\"?><!DOCTYPE NFe [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
-         "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\">]><NFe><infNFe>&c;</infNFe></NFe>",
-         "contém DTD, que não é aceita em NF-e"},
+        {"bomba de entidades", "<?xml version=\"1.0\"?><!DOCTYPE NFe [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;\">]>"
+                               "<NFe><infNFe>&b;&b;&b;&b;</infNFe></NFe>", "contém DTD, que não é aceita em NF-e"},
         {"entidade externa", "<!DOCTYPE NFe [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><NFe>&x;</NFe>", "contém DTD"},
         {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
         {"valor mal escrito", trocar("<det nItem=\"3\">", "<vProd>", "abc"), "valor inválido em <vProd> do item 3: 'abc'"},
@@ -167,10 +165,9 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
     };
     for (const auto &c : casos) {
         const Lido l = Ler(c.xml, QStringLiteral("/notas/fornecedor.xml"));
-        EXPECT_FALSE(l.ok) << c.caso;
-        EXPECT_TRUE(l.erro.startsWith(QStringLiteral("/notas/fornecedor.xml: "))) << c.caso << ": " << l.erro.toStdString();
-        EXPECT_TRUE(l.erro.contains(QString::fromUtf8(c.trecho))) << c.caso << ": " << l.erro.toStdString();
-        EXPECT_TRUE(l.nfe.chave.isEmpty() && l.nfe.itens.Count() == 0) << c.caso;
+        EXPECT_TRUE(!l.ok && l.nfe.chave.isEmpty() && l.nfe.itens.Count() == 0) << c.caso;
+        EXPECT_TRUE(l.erro.startsWith(QStringLiteral("/notas/fornecedor.xml: ")) && l.erro.contains(QString::fromUtf8(c.trecho)))
+            << c.caso << ": " << l.erro.toStdString();
     }
 
     QTemporaryDir pasta;
