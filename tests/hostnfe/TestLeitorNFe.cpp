@@ -14,10 +14,7 @@ namespace {
 
 const QString Chave = QStringLiteral("35261112345678000195550010000012341097720596");
 
-Money M(const char *texto)
-{
-    return *Money::parse(QString::fromLatin1(texto));
-}
+Money M(const char *texto) { return *Money::parse(QString::fromLatin1(texto)); }
 
 // A supplier's document with a group of every kind the reader keeps, spread over its items.
 TnfeProc NotaCompleta()

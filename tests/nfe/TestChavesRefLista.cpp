@@ -21,12 +21,13 @@ QString K(char c) { return QString(44, QLatin1Char(c)); }
 const QString Maximo = QStringLiteral("O máximo aceito é de cinco chaves");
 const QString Tamanho = QStringLiteral("A chave deve ter 44 caracteres");
 
-// Writes an empty file, folders included, under the fiscal folder.
-void criar(const QString &pasta, const QString &relativo)
+// Writes an empty file, folders included, under the fiscal folder; gives its path.
+QString criar(const QString &pasta, const QString &relativo)
 {
     QDir(pasta).mkpath(QFileInfo(relativo).path());
-    QFile arquivo(pasta + u'/' + relativo);
-    ASSERT_TRUE(arquivo.open(QIODevice::WriteOnly));
+    QFile arquivo(QDir(pasta).filePath(relativo));
+    EXPECT_TRUE(arquivo.open(QIODevice::WriteOnly)) << arquivo.fileName().toStdString();
+    return arquivo.fileName();
 }
 
 // Every row of the grid, the title row first.
@@ -42,11 +43,7 @@ QStringList linhasDe(const TNfeChavesRefListaF &lista)
 class BaixaTeste final : public TBaixaNFePorChave
 {
 public:
-    QString Baixar(const QString &, const QString &pasta, QString &) override
-    {
-        criar(pasta, QStringLiteral("nota 77.xml"));
-        return pasta + QStringLiteral("nota 77.xml");
-    }
+    QString Baixar(const QString &, const QString &pasta, QString &) override { return criar(pasta, QStringLiteral("nota 77.xml")); }
 };
 
 class ChavesRef : public ::testing::Test

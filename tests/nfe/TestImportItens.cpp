@@ -16,14 +16,12 @@
 
 namespace {
 
-const QString CnpjFornec1 = QStringLiteral("44555666000181");
-const QString CnpjEmpresa1 = QStringLiteral("11222333000181");
-
-// Item 1 by its supplier code (F001: product 1 for supplier 1, product 3 for any other),
-// item 2 by its GTIN (product 2), item 3 matching nothing; item 1 carries every money column.
+// From supplier 1 to company 1. Item 1 by its supplier code (F001: product 1 for supplier 1,
+// product 3 for any other), item 2 by its GTIN (product 2), item 3 matching nothing; item 1
+// carries every money column.
 std::unique_ptr<TnfeProc> Documento()
 {
-    auto doc = std::make_unique<TnfeProc>(NFeExemplo(CnpjFornec1, CnpjEmpresa1, 123, 3));
+    auto doc = std::make_unique<TnfeProc>(NFeExemplo(QStringLiteral("44555666000181"), QStringLiteral("11222333000181"), 123, 3));
     TItem &a = doc->itens.GetItem(0);
     a.qCom = 3;
     a.vProd = Money::fromInt(100);

@@ -9,15 +9,15 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+// The sample groups name only the fields they set; the rest stay zero.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+
 namespace {
 
-const QString CnpjFornec = QStringLiteral("44555666000181");
-const QString CnpjEmpresa = QStringLiteral("11222333000181");
-
-// Product 1 is the supplier's F001, product 2 its F002.
+// From supplier 1 to company 1; product 1 is the supplier's F001, product 2 its F002.
 TnfeProc Documento(qint64 numero, int itens)
 {
-    TnfeProc nfe = NFeExemplo(CnpjFornec, CnpjEmpresa, numero, itens);
+    TnfeProc nfe = NFeExemplo(QStringLiteral("44555666000181"), QStringLiteral("11222333000181"), numero, itens);
     TNFeICMS &icms = nfe.itens.GetItem(0).ICMS;
     icms.grupo = QStringLiteral("ICMS70");
     icms.CST = QStringLiteral("70");
@@ -118,11 +118,8 @@ TEST_F(ImportarItensXML, AComodatoReturnNeedsNoSupplierTheXMLButtonTypesItAndFil
     // The company's own shipment: its codes are the products'; product 2 comes in packages of 12.
     TnfeProc remessa = Documento(301, 2);
     remessa.itens.GetItem(0).cProd = QStringLiteral("1");
-    TItem &simples = remessa.itens.GetItem(1);
-    simples.cProd = QStringLiteral("2");
-    simples.ICMS.grupo = QStringLiteral("ICMSSN102");
-    simples.ICMS.CST.clear();
-    simples.ICMS.CSOSN = QStringLiteral("102");
+    remessa.itens.GetItem(1).cProd = QStringLiteral("2");
+    remessa.itens.GetItem(1).ICMS = {.grupo = "ICMSSN102", .CSOSN = "102"};
     const QString arquivo = origem.filePath(QStringLiteral("remessa.xml"));
     ASSERT_TRUE(GravarXmlNFe(arquivo, remessa));
 

@@ -118,8 +118,7 @@ private:
 // untaxed one only the CST.
 bool NoGrupo(QLatin1String nome, bool tributado, bool porQtde)
 {
-    static const QStringList qtdes{QStringLiteral("qBCProd"), QStringLiteral("vAliqProd"), QStringLiteral("qUnid"),
-                                   QStringLiteral("vUnid")};
+    static const QStringList qtdes{"qBCProd", "vAliqProd", "qUnid", "vUnid"};
     const bool aliq = nome == QLatin1String("vBC") || nome.startsWith(QLatin1Char('p'));
     return nome == QLatin1String("CST") || (tributado && (porQtde ? !aliq : !qtdes.contains(nome)));
 }
