@@ -19,12 +19,8 @@ TnfeProc Documento(qint64 numero, int itens)
 {
     TnfeProc nfe = NFeExemplo(QStringLiteral("44555666000181"), QStringLiteral("11222333000181"), numero, itens);
     TNFeICMS &icms = nfe.itens.GetItem(0).ICMS;
-    icms.grupo = QStringLiteral("ICMS70");
-    icms.CST = QStringLiteral("70");
-    icms.pRedBC = 10;
-    icms.pRedBCST = 25;
-    icms.modBCST = 4;
-    icms.pMVAST = 40;
+    icms = {.grupo = "ICMS70", .CST = "70", .modBC = 3, .vBC = icms.vBC, .vICMS = icms.vICMS, .pRedBC = 10, .pICMS = 18,
+            .modBCST = 4, .pMVAST = 40, .pRedBCST = 25};
     nfe.itens.GetItem(0).vDesc = Money::fromInt(1);
     return nfe;
 }

@@ -177,13 +177,10 @@ void EscreverImposto(TEscritor &e, const TItem &it)
         e.Grupo(QStringLiteral("IBSCBS"), [&] {
             e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("IBSCBS"));
             e.Grupo(QStringLiteral("gIBSCBS"), [&] {
+                // The state's and the city's groups follow the base, the federal one the total.
                 e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("gIBSCBS"), {}, [&](QLatin1String nome) {
-                    if (nome == QLatin1String("vBC")) {
-                        sub(QLatin1String("gIBSUF"));
-                        sub(QLatin1String("gIBSMun"));
-                    } else {
-                        sub(QLatin1String("gCBS"));
-                    }
+                    for (const char *g : nome == QLatin1String("vBC") ? std::vector{"gIBSUF", "gIBSMun"} : std::vector{"gCBS"})
+                        sub(QLatin1String(g));
                 });
             });
         });
@@ -198,10 +195,7 @@ void EscreverItem(TEscritor &e, const TItem &original)
             *gtin = QStringLiteral("SEM GTIN");
     e.Abrir(QStringLiteral("det"));
     e.Atributo(QStringLiteral("nItem"), QString::number(it.nItem));
-    e.Grupo(QStringLiteral("prod"), [&] {
-        e.Folhas(CamposNFe::Prod(), it, {},
-                 {QStringLiteral("vFrete"), QStringLiteral("vSeg"), QStringLiteral("vDesc"), QStringLiteral("vOutro")});
-    });
+    e.Grupo(QStringLiteral("prod"), [&] { e.Folhas(CamposNFe::Prod(), it, {}, {"vFrete", "vSeg", "vDesc", "vOutro"}); });
     e.Grupo(QStringLiteral("imposto"), [&] { EscreverImposto(e, it); });
     if (it.pDevol != 0 || it.vIPIDevol != Money()) {
         e.Grupo(QStringLiteral("impostoDevol"), [&] {
