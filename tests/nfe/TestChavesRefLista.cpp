@@ -222,7 +222,7 @@ TEST_F(ChavesRefTela, ListaCompactsTheKeysOnCancelAndTakesTheListOnOk)
     TEdNotaPanel *p = tela->EdNotaPanel();
     QTest::keyClick(tela.get(), Qt::Key_F3);
     ASSERT_TRUE(p->isVisible());
-    // The letters of an alphanumeric CNPJ stay.
+    // A key with the letters of an alphanumeric CNPJ.
     const QString comLetras = QStringLiteral("3525AB") + QString(38, QLatin1Char('1'));
     p->NFEChaveRef3LabeledEdit()->setText(comLetras);
     p->NFEChaveRef5LabeledEdit()->setText(K('5'));

@@ -104,8 +104,8 @@ TEST_F(ImportarItensXML, AReturnFromTwoDocumentsTypedIntoThePanel)
     h->ItensButton()->click();
     h->FornecComboBox()->setCurrentIndex(-1);
     h->ItensButton()->click();
-    EXPECT_EQ(dialogos.Mensagens(), (QList<DialogosTeste::Registro>{{TipoMensagem::Erro, QStringLiteral("Não é permitido importar de XML se a nota já possui itens")},
-                                                                      {TipoMensagem::Erro, QStringLiteral("O fornecedor é obrigatório")}}));
+    const QString comItens = QStringLiteral("Não é permitido importar de XML se a nota já possui itens");
+    EXPECT_EQ(dialogos.Mensagens(), (QList<DialogosTeste::Registro>{{TipoMensagem::Erro, comItens}, {TipoMensagem::Erro, "O fornecedor é obrigatório"}}));
 }
 
 TEST_F(ImportarItensXML, AComodatoReturnNeedsNoSupplierTheXMLButtonTypesItAndFilesOtherKeys)
