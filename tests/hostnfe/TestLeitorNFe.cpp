@@ -14,10 +14,7 @@ namespace {
 
 const QString Chave = QStringLiteral("35261112345678000195550010000012341097720596");
 
-Money M(const char *texto)
-{
-    return *Money::parse(QString::fromLatin1(texto));
-}
+Money M(const char *texto) { return *Money::parse(QString::fromLatin1(texto)); }
 
 // A supplier's document with a group of every kind the reader keeps, spread over its items.
 TnfeProc NotaCompleta()
@@ -26,9 +23,7 @@ TnfeProc NotaCompleta()
     nfe.ide.refNFe = {Chave, QStringLiteral("35261198765432000198550010000000071000000075")};
     nfe.ide.dhSaiEnt = QDateTime(QDate(2026, 11, 21), QTime(8, 0), QTimeZone(-4 * 3600));
     nfe.infAdFisco = QStringLiteral("ICMS ST recolhido conforme protocolo");
-    nfe.transp = {1, QStringLiteral("11222333000181"), {}, QStringLiteral("TRANSPORTES RAPIDO"), {}, {},
-                  QStringLiteral("CAMPINAS"), QStringLiteral("SP"), QStringLiteral("ABC1D23"), QStringLiteral("MG"),
-                  12, 110.5, 118.25, QStringLiteral("CAIXA"), {}, {}};
+    nfe.transp = {1, "11222333000181", {}, "TRANSPORTES RAPIDO", {}, {}, "CAMPINAS", "SP", "ABC1D23", "MG", 12, 110.5, 118.25, "CAIXA"};
     nfe.IBSCBSTot = {true, M("100"), M("0.10"), M("0"), M("0.10"), M("0"), M("0.90")};
 
     nfe.itens.GetItem(0).ICMS = {.grupo = "ICMS10", .CST = "10", .modBC = 3, .vBC = M("100"), .vICMS = M("12"),
@@ -37,34 +32,29 @@ TnfeProc NotaCompleta()
                                  .vICMSST = M("10.91"), .vBCFCPST = M("127.25"), .vFCPST = M("2.55"), .pFCPST = 2};
 
     TItem &ipi = nfe.itens.GetItem(1);
-    ipi.IPI = {true, QStringLiteral("999"), {}, QStringLiteral("50"), M("200.10"), M("13.01"), 6.5, 0, 0};
+    ipi.IPI = {true, "999", {}, "50", M("200.10"), M("13.01"), 6.5};
     ipi.ICMSUFDest = {true, M("200.10"), M("200.10"), M("4.00"), M("10.01"), M("0"), 2, 20, 12, 100};
 
     nfe.itens.GetItem(2).ICMS = {.grupo = "ICMS60", .orig = 2, .CST = "60", .vBCSTRet = M("80.40"),
                                  .vICMSSubstituto = M("9.60"), .vICMSSTRet = M("4.87"), .pST = 18};
     TItem &sn = nfe.itens.GetItem(3);
     sn.ICMS = {.grupo = "ICMSSN202", .CSOSN = "202", .modBCST = 4, .pICMSST = 18, .vBCST = M("55.50"), .vICMSST = M("3.21")};
-    sn.PIS = {QStringLiteral("07"), {}, {}, 0};
-    sn.COFINS = {QStringLiteral("03"), {}, M("1.52"), 0, 4, 0.38};
+    sn.PIS = {"07"};
+    sn.COFINS = {"03", {}, M("1.52"), 0, 4, 0.38};
 
     TItem &ibs = nfe.itens.GetItem(4);
-    ibs.IBSCBS = {true, QStringLiteral("000"), QStringLiteral("000001"), M("100"), M("0.10"), M("0"), M("0.10"),
-                  M("0.90"), 0.1, 0, 0.9};
-    ibs.IPI = {true, QStringLiteral("301"), QStringLiteral("11222333000181"), QStringLiteral("53"), {}, {}, 0, 0, 0};
+    ibs.IBSCBS = {true, "000", "000001", M("100"), M("0.10"), M("0"), M("0.10"), M("0.90"), 0.1, 0, 0.9};
+    ibs.IPI = {true, "301", "11222333000181", "53"};
 
     TItem &imp = nfe.itens.GetItem(6);
     imp.CFOP = QStringLiteral("3102");
     imp.cEAN = imp.cEANTrib = QStringLiteral("7891234567895");
     imp.infAdProd = QStringLiteral("DI 26/0012345-6 <lote A&B>");
-    imp.ICMS.grupo = QStringLiteral("ICMS90");
-    imp.ICMS.CST = QStringLiteral("90");
-    imp.ICMS.pRedBC = 33.33;
+    imp.ICMS = {.grupo = "ICMS90", .CST = "90", .pRedBC = 33.33};
 
     TItem &dev = nfe.itens.GetItem(8);
     dev.vFrete = M("1.11");
-    dev.vSeg = M("2.22");
     dev.vDesc = M("0.01");
-    dev.vOutro = M("3.33");
     dev.vTotTrib = M("7.77");
     dev.pDevol = 50;
     dev.vIPIDevol = M("6.50");
@@ -73,12 +63,7 @@ TnfeProc NotaCompleta()
     return nfe;
 }
 
-struct Lido
-{
-    TnfeProc nfe;
-    bool ok = false;
-    QString erro;
-};
+struct Lido { TnfeProc nfe; bool ok = false; QString erro; };
 
 Lido Ler(const QByteArray &xml, const QString &nome = QStringLiteral("nota.xml"))
 {
@@ -94,13 +79,19 @@ Lido Ler(const QByteArray &xml, const QString &nome = QStringLiteral("nota.xml")
 TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
 {
     const TnfeProc nota = NotaCompleta();
-    const struct { const char *forma; OpcoesGeracao op; } formas[] = {
-        {"nfeProc assinada", {}},
-        {"NFe sem protocolo nem assinatura", {false, {}, false, false}},
-        {"prefixo nfe: e BOM", {true, QStringLiteral("nfe"), true, true}},
+    // Without the optional groups (no recipient, IPI, PIS, ...): a reader that made one up would write it.
+    TnfeProc minima = NFeExemplo(QStringLiteral("12345678000195"), {}, 7, 1);
+    minima.destinatario = {};
+    minima.itens.GetItem(0).PIS = {};
+    minima.infCpl.clear();
+    const struct { const char *forma; const TnfeProc &nfe; OpcoesGeracao op; } formas[] = {
+        {"nfeProc assinada", nota, {}},
+        {"NFe sem protocolo nem assinatura", nota, {false, {}, false, false}},
+        {"prefixo nfe: e BOM", nota, {true, QStringLiteral("nfe"), true, true}},
+        {"sem os grupos opcionais", minima, {false, {}, false, false}},
     };
     for (const auto &f : formas) {
-        const QByteArray xml = GerarXmlNFe(nota, f.op);
+        const QByteArray xml = GerarXmlNFe(f.nfe, f.op);
         const Lido l = Ler(xml);
         ASSERT_TRUE(l.ok) << f.forma << ": " << l.erro.toStdString();
         // Whatever the reader missed or changed would be missing or changed here.
@@ -109,59 +100,33 @@ TEST(LeitorNFe, DevolveOQueOGeradorEscreveuEmTodasAsFormas)
         EXPECT_EQ(l.nfe.assinado, f.op.assinatura) << f.forma;
     }
 
+    // Reader and writer share the field tables, so a field mapped wrongly in them would still
+    // round-trip: one value of each table checked against the model itself.
     const TnfeProc l = Ler(GerarXmlNFe(nota)).nfe;
-    EXPECT_EQ(l.chave, nota.chave);
-    EXPECT_TRUE(l.chave.contains(QStringLiteral("12ABC34501DE35")));
-    EXPECT_EQ(l.emitente.CNPJ, QStringLiteral("12ABC34501DE35"));
-    EXPECT_EQ(l.ide.nNF, 4521);
-    EXPECT_EQ(l.ide.dhSaiEnt.offsetFromUtc(), -4 * 3600);
-    EXPECT_EQ(l.ide.refNFe, nota.ide.refNFe);
     ASSERT_EQ(l.itens.Count(), 40);
-    const TItem &st = l.itens.GetItem(0);
-    EXPECT_EQ(st.ICMS.grupo, QStringLiteral("ICMS10"));
-    EXPECT_EQ(st.ICMS.vICMSST, M("10.91"));
-    EXPECT_EQ(st.ICMS.vFCPST, M("2.55"));
-    EXPECT_EQ(st.ICMS.pMVAST, 41.39);   // numbers read as exactly as strtod reads them
-    EXPECT_EQ(l.itens.GetItem(1).IPI.vIPI, M("13.01"));
-    EXPECT_EQ(l.itens.GetItem(1).ICMSUFDest.vICMSUFDest, M("10.01"));
-    EXPECT_EQ(l.itens.GetItem(2).ICMS.vICMSSTRet, M("4.87"));
-    EXPECT_EQ(l.itens.GetItem(3).ICMS.CSOSN, QStringLiteral("202"));
-    EXPECT_EQ(l.itens.GetItem(3).COFINS.valor, M("1.52"));
-    EXPECT_EQ(l.itens.GetItem(4).IBSCBS.vCBS, M("0.90"));
-    EXPECT_EQ(l.itens.GetItem(6).CFOP, QStringLiteral("3102"));
-    EXPECT_EQ(l.itens.GetItem(6).cEAN, QStringLiteral("7891234567895"));
-    EXPECT_EQ(l.itens.GetItem(7).cEAN, QString());   // "SEM GTIN"
-    EXPECT_EQ(l.itens.GetItem(8).vIPIDevol, M("6.50"));
-    EXPECT_EQ(l.itens.GetItem(8).vUnCom, 0.0123456789);
-    EXPECT_EQ(l.itens.GetItem(8).qCom, 1.2345);
-    EXPECT_EQ(l.ICMSTot.vProd, nota.ICMSTot.vProd);
-    EXPECT_EQ(l.IBSCBSTot.vCBS, M("0.90"));
-    EXPECT_EQ(l.transp.UFVeic, QStringLiteral("MG"));
-    EXPECT_EQ(l.transp.UF, QStringLiteral("SP"));
-    EXPECT_EQ(l.prot.nProt, nota.prot.nProt);
+    const auto item = [&](int i) -> const TItem & { return l.itens.GetItem(i); };
+    EXPECT_EQ(l.emitente.CNPJ + ' ' + QString::number(l.ide.nNF), QStringLiteral("12ABC34501DE35 4521"));
+    QStringList valores;
+    for (const Money m : {item(0).ICMS.vICMSST, item(0).ICMS.vFCPST, item(1).IPI.vIPI, item(1).ICMSUFDest.vICMSUFDest,
+                          item(2).ICMS.vICMSSTRet, item(3).COFINS.valor, item(4).IBSCBS.vCBS, item(8).vIPIDevol,
+                          l.IBSCBSTot.vCBS, l.ICMSTot.vProd - nota.ICMSTot.vProd})
+        valores << m.toString();
+    EXPECT_EQ(valores.join(u' '), "10.91 2.55 13.01 10.01 4.87 1.52 0.9 6.5 0.9 0");
+    // Numbers read as exactly as strtod reads them.
+    EXPECT_EQ(std::tuple(item(0).ICMS.pMVAST, item(8).vUnCom, item(8).qCom), std::tuple(41.39, 0.0123456789, 1.2345));
+    EXPECT_EQ(item(3).ICMS.CSOSN + ' ' + item(6).CFOP + ' ' + item(6).cEAN, QStringLiteral("202 3102 7891234567895"));
+    EXPECT_EQ(item(7).cEAN, QString());   // "SEM GTIN"
+    EXPECT_EQ(l.transp.UF + ' ' + l.transp.UFVeic + ' ' + l.prot.nProt, "SP MG " + nota.prot.nProt);
 }
 
-TEST(LeitorNFe, GruposOpcionaisAusentesEDataSoDeLayoutAntigo)
+TEST(LeitorNFe, DataSoDeLayoutAntigoEmISO88591)
 {
-    TnfeProc nota = NFeExemplo(QStringLiteral("12345678000195"), {}, 7, 1);
-    nota.destinatario = {};
-    nota.itens.GetItem(0).PIS = {};
-    nota.infCpl.clear();
-    const Lido l = Ler(GerarXmlNFe(nota, {false, {}, false, false}));
-    ASSERT_TRUE(l.ok) << l.erro.toStdString();
-    EXPECT_TRUE(l.nfe.destinatario.CNPJ.isEmpty() && l.nfe.destinatario.xNome.isEmpty());
-    const TItem &it = l.nfe.itens.GetItem(0);
-    EXPECT_FALSE(it.IPI.presente || it.ICMSUFDest.presente || it.IBSCBS.presente || l.nfe.IBSCBSTot.presente);
-    EXPECT_TRUE(it.PIS.CST.isEmpty());
-    EXPECT_EQ(it.COFINS.CST, QStringLiteral("01"));
-
     const Lido antigo = Ler("<?xml version=\"1.0\" encoding=\"ISO-8859-1\"?><NFe><infNFe Id=\"NFe" + Chave.toLatin1()
                             + "\" versao=\"2.00\"><ide><nNF>88</nNF><dEmi>2010-05-03</dEmi></ide>"
                               "<emit><xNome>A\xe7\xfa" "car Uni\xe3o</xNome></emit><dest><CPF>01234567890</CPF></dest></infNFe></NFe>");
     ASSERT_TRUE(antigo.ok) << antigo.erro.toStdString();
-    EXPECT_EQ(antigo.nfe.ide.dhEmi.date(), QDate(2010, 5, 3));
-    EXPECT_EQ(antigo.nfe.destinatario.CPF, QStringLiteral("01234567890"));
-    EXPECT_EQ(antigo.nfe.emitente.xNome, QStringLiteral("Açúcar União"));
+    EXPECT_EQ(antigo.nfe.ide.dhEmi.date().toString(Qt::ISODate) + ' ' + antigo.nfe.destinatario.CPF + ' ' + antigo.nfe.emitente.xNome,
+              QStringLiteral("2010-05-03 01234567890 Açúcar União"));
 }
 
 TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
@@ -183,10 +148,8 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
         {"outro namespace", "<NFe xmlns=\"http://www.exemplo.com.br/nfe\"><infNFe/></NFe>", "o namespace 'http://www.exemplo.com.br/nfe'"},
         {"outra raiz", "<html><infNFe/></html>", "o elemento raiz é <html>"},
         {"sem infNFe", "<nfeProc xmlns=\"http://www.portalfiscal.inf.br/nfe\"><NFe/></nfeProc>", "sem o grupo <infNFe>"},
-        {"bomba de entidades",
-         "<?xml version=\"1.0\"?><!DOCTYPE NFe [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;&a;&a;\">"
-         "<!ENTITY c \"&b;&b;&b;&b;&b;&b;&b;&b;\">]><NFe><infNFe>&c;</infNFe></NFe>",
-         "contém DTD, que não é aceita em NF-e"},
+        {"bomba de entidades", "<?xml version=\"1.0\"?><!DOCTYPE NFe [<!ENTITY a \"aaaaaaaaaa\"><!ENTITY b \"&a;&a;&a;&a;&a;&a;\">]>"
+                               "<NFe><infNFe>&b;&b;&b;&b;</infNFe></NFe>", "contém DTD, que não é aceita em NF-e"},
         {"entidade externa", "<!DOCTYPE NFe [<!ENTITY x SYSTEM \"file:///etc/passwd\">]><NFe>&x;</NFe>", "contém DTD"},
         {"aninhamento fundo", fundo, "aninhados além de 64 níveis"},
         {"valor mal escrito", trocar("<det nItem=\"3\">", "<vProd>", "abc"), "valor inválido em <vProd> do item 3: 'abc'"},
@@ -197,10 +160,9 @@ TEST(LeitorNFe, EntradaRuimDaUmaMensagemQueNomeiaOArquivoENaoLeNada)
     };
     for (const auto &c : casos) {
         const Lido l = Ler(c.xml, QStringLiteral("/notas/fornecedor.xml"));
-        EXPECT_FALSE(l.ok) << c.caso;
-        EXPECT_TRUE(l.erro.startsWith(QStringLiteral("/notas/fornecedor.xml: "))) << c.caso << ": " << l.erro.toStdString();
-        EXPECT_TRUE(l.erro.contains(QString::fromUtf8(c.trecho))) << c.caso << ": " << l.erro.toStdString();
-        EXPECT_TRUE(l.nfe.chave.isEmpty() && l.nfe.itens.Count() == 0) << c.caso;
+        EXPECT_TRUE(!l.ok && l.nfe.chave.isEmpty() && l.nfe.itens.Count() == 0) << c.caso;
+        EXPECT_TRUE(l.erro.startsWith(QStringLiteral("/notas/fornecedor.xml: ")) && l.erro.contains(QString::fromUtf8(c.trecho)))
+            << c.caso << ": " << l.erro.toStdString();
     }
 
     QTemporaryDir pasta;

@@ -21,12 +21,13 @@ QString K(char c) { return QString(44, QLatin1Char(c)); }
 const QString Maximo = QStringLiteral("O máximo aceito é de cinco chaves");
 const QString Tamanho = QStringLiteral("A chave deve ter 44 caracteres");
 
-// Writes an empty file, folders included, under the fiscal folder.
-void criar(const QString &pasta, const QString &relativo)
+// Writes an empty file, folders included, under the fiscal folder; gives its path.
+QString criar(const QString &pasta, const QString &relativo)
 {
     QDir(pasta).mkpath(QFileInfo(relativo).path());
-    QFile arquivo(pasta + u'/' + relativo);
-    ASSERT_TRUE(arquivo.open(QIODevice::WriteOnly));
+    QFile arquivo(QDir(pasta).filePath(relativo));
+    EXPECT_TRUE(arquivo.open(QIODevice::WriteOnly)) << arquivo.fileName().toStdString();
+    return arquivo.fileName();
 }
 
 // Every row of the grid, the title row first.
@@ -42,12 +43,7 @@ QStringList linhasDe(const TNfeChavesRefListaF &lista)
 class BaixaTeste final : public TBaixaNFePorChave
 {
 public:
-    QString nome;
-    QString Baixar(const QString &, const QString &pasta, QString &) override
-    {
-        criar(pasta, nome);
-        return pasta + nome;
-    }
+    QString Baixar(const QString &, const QString &pasta, QString &) override { return criar(pasta, QStringLiteral("nota 77.xml")); }
 };
 
 class ChavesRef : public ::testing::Test
@@ -62,8 +58,7 @@ protected:
     {
         TBaixaNFePorChave::Definir(nullptr);
         Contexto::Atual().pastaFiscal.clear();
-        EXPECT_EQ(roteiro.Pendentes(), 0);
-        EXPECT_EQ(roteiro.SemResposta(), 0);
+        EXPECT_EQ(roteiro.Pendentes() + roteiro.SemResposta(), 0);
     }
 
     std::unique_ptr<TNfeChavesRefListaF> abrir(const QStringList &chaves)
@@ -74,16 +69,6 @@ protected:
         auto lista = std::make_unique<TNfeChavesRefListaF>(args);
         lista->PreencherLista(chaves);
         return lista;
-    }
-    // The user types the key into the download dialog and presses OK.
-    void responderBaixar(const QString &digitado)
-    {
-        roteiro.Responder([digitado](QDialog &d) {
-            auto &baixar = dynamic_cast<TBaixarViaChaveF &>(d);
-            QTest::keyClicks(baixar.ChaveEdit(), digitado);
-            baixar.accept();
-            return baixar.result();
-        });
     }
     void responderPerg(const QString &digitado, bool ok = true)
     {
@@ -104,7 +89,7 @@ protected:
     QTemporaryDir fiscal;
 };
 
-TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFive)
+TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFiveBeforeAnyDialog)
 {
     auto lista = abrir({QString(), QString()});
     EXPECT_EQ(linhasDe(*lista), (QStringList{"Chaves", ""}));
@@ -128,12 +113,8 @@ TEST_F(ChavesRef, EmptyListFillsItsBlankRowAndStopsAtFive)
         EXPECT_EQ(lista->Grid()->rowCount(), p.linhas) << p.chave.toStdString();
         EXPECT_EQ(info(), p.mensagem);
     }
-    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('2'), K('3'), K('4'), K('5')}));
-}
 
-TEST_F(ChavesRef, FullListRefusesBeforeAnyDialogOpens)
-{
-    auto lista = abrir({K('1'), K('2'), K('3'), K('4'), K('5')});
+    // A full list refuses before any dialog opens.
     QGuiApplication::clipboard()->setText(K('6'));
     for (QAction *acao : {lista->InsAct(), lista->ColarAct(), lista->ImportXmlAct()}) {
         dialogos.Limpar();
@@ -143,26 +124,29 @@ TEST_F(ChavesRef, FullListRefusesBeforeAnyDialogOpens)
         EXPECT_EQ(dialogos.Mensagens(), QList<DialogosTeste::Registro>(2, {TipoMensagem::Info, Maximo}))
             << acao->objectName().toStdString();
     }
-    EXPECT_EQ(lista->Chaves().size(), 5);
+    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('2'), K('3'), K('4'), K('5')}));
 }
 
 TEST_F(ChavesRef, InserirTakesTheDigitsOfTheFileTheDownloadDialogFound)
 {
     auto lista = abrir({});
-    const QString comLetras = QStringLiteral("35250611222333ABCD81550010000012341000012345");
-    criar(fiscal.path(), QStringLiteral("2025/06/") + comLetras + QStringLiteral(".xml"));
+    // The user types the key into the download dialog and presses OK.
+    const auto inserir = [&](const QString &digitado) {
+        roteiro.Responder([digitado](QDialog &d) {
+            QTest::keyClicks(dynamic_cast<TBaixarViaChaveF &>(d).ChaveEdit(), digitado);
+            d.accept();
+            return d.result();
+        });
+        lista->InsActExecute();
+    };
+    criar(fiscal.path(), QStringLiteral("2025/06/35250611222333ABCD81550010000012341000012345.xml"));
     // Typed in lower case with blanks, as pasted from a DANFE.
-    responderBaixar(QStringLiteral("3525 0611 2223 33ab cd81 5500 1000 0012 3410 0001 2345"));
-    lista->InsActExecute();
-    EXPECT_EQ(lista->Chaves(), QStringList{QStringLiteral("3525061122233381550010000012341000012345")});
-
+    inserir(QStringLiteral("3525 0611 2223 33ab cd81 5500 1000 0012 3410 0001 2345"));
     // Fetched from the authority under a name with few digits: inserted all the same.
     BaixaTeste baixa;
-    baixa.nome = QStringLiteral("nota 77.xml");
     TBaixaNFePorChave::Definir(&baixa);
-    responderBaixar(K('7'));
-    lista->InsActExecute();
-    EXPECT_EQ(lista->Chaves().last(), "77");
+    inserir(K('7'));
+    EXPECT_EQ(lista->Chaves(), (QStringList{"3525061122233381550010000012341000012345", "77"}));
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << dialogos.Mensagens().first().texto.toStdString();
 }
 
@@ -196,18 +180,17 @@ TEST_F(ChavesRef, DownloadDialogSearchesTheFiscalFolderInOrder)
     }
 }
 
-TEST_F(ChavesRef, PergTrimsAlterarMayDuplicateExclAsksFirst)
+TEST_F(ChavesRef, PergTrimsColarTakesExactly44AlterarMayDuplicateExclAsksFirst)
 {
-    const struct { QString digitado; bool ok; bool esperado; QString chave; QString mensagem; } casos[] = {
-        {"  " + K('8') + " ", true, true, K('8'), {}}, {K('8').left(43), true, false, "antes", Tamanho}, {K('8'), false, false, "antes", {}},
+    const struct { QString digitado; bool ok; QString chave; QString mensagem; } casos[] = {
+        {"  " + K('8') + " ", true, K('8'), {}}, {K('8').left(43), true, "antes", Tamanho}, {K('8'), false, "antes", {}},
     };
     for (const auto &c : casos) {
         dialogos.Limpar();
         QString chave = QStringLiteral("antes");
         responderPerg(c.digitado, c.ok);
-        EXPECT_EQ(Perg(chave), c.esperado) << c.digitado.toStdString();
-        EXPECT_EQ(chave, c.chave);
-        EXPECT_EQ(info(), c.mensagem);
+        EXPECT_EQ(Perg(chave), c.chave != "antes") << c.digitado.toStdString();
+        EXPECT_EQ(chave + info(), c.chave + c.mensagem);
     }
 
     auto lista = abrir({K('1'), K('2'), K('3')});
@@ -220,26 +203,18 @@ TEST_F(ChavesRef, PergTrimsAlterarMayDuplicateExclAsksFirst)
         lista->ExclActExecute();
     }
     EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('3')}));
-}
 
-TEST_F(ChavesRef, ColarTakesTheFirstLineOfExactly44)
-{
-    const struct { QString area; QString mensagem; } casos[] = {{K('3') + " \nx", Tamanho}, {"", Tamanho}, {K('3') + "\r\n" + K('4'), {}}};
-    for (const auto &c : casos) {
+    // Colar takes the clipboard's first line when it has exactly 44 characters.
+    for (const QString &area : {K('4') + " \nx", QString(), K('4') + "\r\n" + K('5')}) {
         dialogos.Limpar();
-        auto lista = abrir({K('1')});
-        QGuiApplication::clipboard()->setText(c.area);
+        QGuiApplication::clipboard()->setText(area);
         lista->ColarActExecute();
-        EXPECT_EQ(lista->Chaves(), (c.mensagem.isEmpty() ? QStringList{K('1'), K('3')} : QStringList{K('1')}));
-        EXPECT_EQ(info(), c.mensagem);
+        EXPECT_EQ(info(), area.contains(u'\r') ? QString() : Tamanho) << area.toStdString();
     }
+    EXPECT_EQ(lista->Chaves(), (QStringList{K('1'), K('3'), K('4')}));
 }
 
-class ChavesRefTela : public TelaTeste
-{
-protected:
-    TRoteiroModal roteiro;
-};
+using ChavesRefTela = TelaTeste;
 
 TEST_F(ChavesRefTela, ListaCompactsTheKeysOnCancelAndTakesTheListOnOk)
 {
@@ -247,12 +222,12 @@ TEST_F(ChavesRefTela, ListaCompactsTheKeysOnCancelAndTakesTheListOnOk)
     TEdNotaPanel *p = tela->EdNotaPanel();
     QTest::keyClick(tela.get(), Qt::Key_F3);
     ASSERT_TRUE(p->isVisible());
-    // Typed lower case, the letters of an alphanumeric CNPJ stay, upper case.
-    Digitar(p->NFEChaveRef3LabeledEdit(), QStringLiteral("3525ab") + QString(38, QLatin1Char('1')) + QStringLiteral("99"));
+    // A key with the letters of an alphanumeric CNPJ.
     const QString comLetras = QStringLiteral("3525AB") + QString(38, QLatin1Char('1'));
-    EXPECT_EQ(p->NFEChaveRef3LabeledEdit()->text(), comLetras);
+    p->NFEChaveRef3LabeledEdit()->setText(comLetras);
     p->NFEChaveRef5LabeledEdit()->setText(K('5'));
 
+    TRoteiroModal roteiro;
     QStringList vistas;
     roteiro.Responder([&](QDialog &d) {
         vistas = linhasDe(dynamic_cast<TNfeChavesRefListaF &>(d));

@@ -16,12 +16,10 @@ QByteArray Ler(const QString &caminho)
     return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-void Gravar(const QString &caminho, const QByteArray &conteudo)
+bool Gravar(const QString &caminho, const QByteArray &conteudo)
 {
-    QDir().mkpath(QFileInfo(caminho).absolutePath());
     QFile f(caminho);
-    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-    f.write(conteudo);
+    return QDir().mkpath(QFileInfo(caminho).absolutePath()) && f.open(QIODevice::WriteOnly) && f.write(conteudo) == conteudo.size();
 }
 
 } // namespace
@@ -30,28 +28,19 @@ TEST(TrazerXML, FiledByMonthOfIssueOrDirectlyAndNeverOntoItself)
 {
     DialogosTeste dialogos;
     QTemporaryDir fiscal, origem;
-    ASSERT_TRUE(fiscal.isValid() && origem.isValid());
     const QByteArray comData = "<NFe><ide><dhEmi>2026-03-07T23:59:58-03:00</dhEmi></ide></NFe>";
-    struct Caso
-    {
-        const char *nome;
-        QByteArray conteudo;
-        QString esperado;   // below the fiscal folder
-    };
-    const Caso casos[] = {
+    // Each replaces an older copy below the fiscal folder.
+    const struct { const char *nome; QByteArray conteudo; QString esperado; } casos[] = {
         {"month of issue", comData, QStringLiteral("NFe_Entr/2026/03/a.xml")},
         {"no dhEmi", "<NFe><ide/></NFe>", QStringLiteral("NFe_Entr/b.xml")},
         {"dhEmi that is no date", "<dhEmi>2026-13-40T10:00:00</dhEmi>", QStringLiteral("NFe_Entr/c.xml")},
     };
-    for (const Caso &c : casos) {
-        SCOPED_TRACE(c.nome);
+    for (const auto &c : casos) {
         const QString fonte = origem.filePath(QFileInfo(c.esperado).fileName());
-        Gravar(fonte, c.conteudo);
         const QString alvo = QDir(fiscal.path()).filePath(c.esperado);
-        Gravar(alvo, "an older copy");
-        EXPECT_EQ(TrazerXML(fonte, fiscal.path()), alvo);
-        EXPECT_EQ(Ler(alvo), c.conteudo);
-        EXPECT_EQ(Ler(fonte), c.conteudo);
+        ASSERT_TRUE(Gravar(fonte, c.conteudo) && Gravar(alvo, "an older copy")) << c.nome;
+        EXPECT_EQ(TrazerXML(fonte, fiscal.path()), alvo) << c.nome;
+        EXPECT_EQ(Ler(alvo) + Ler(fonte), c.conteudo + c.conteudo) << c.nome;
     }
 
     // The file chosen from its own place in the fiscal folder stays as it is.

@@ -2,6 +2,7 @@
 
 #include "CamposNFe.h"
 #include "ChaveNFe.h"
+#include "Valores.h"
 
 #include <QSaveFile>
 #include <QTimeZone>
@@ -9,29 +10,20 @@
 
 #include <functional>
 
+// The sample document names only the fields it sets; the rest stay zero.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
+
 namespace {
 
 const QString NsNFe = QStringLiteral("http://www.portalfiscal.inf.br/nfe");
 const QString NsDsig = QStringLiteral("http://www.w3.org/2000/09/xmldsig#");
 
-// Exact: the money's own digits, rounded half to even to the places asked for.
-QString Decimal(Money m, int casas)
+// Exact for money; rounded half to even to the places asked for.
+template<class T>
+QString Decimal(T v, int casas)
 {
-    const qint64 raw = m.roundTo(casas).raw();
-    const qint64 abs = raw < 0 ? -raw : raw;
-    QString s = QString::number(abs / Money::Scale);
-    if (casas > 0) {
-        qint64 frac = abs % Money::Scale;
-        for (int i = casas; i < 4; ++i)
-            frac /= 10;
-        s += QLatin1Char('.') + QString::number(frac).rightJustified(casas, QLatin1Char('0'));
-    }
-    return raw < 0 ? QLatin1Char('-') + s : s;
-}
-
-QString Decimal(double v, int casas)
-{
-    return QString::number(v, 'f', casas);
+    return FormatFloat(casas ? QStringLiteral("0.") + QString(casas, QLatin1Char('0')) : QStringLiteral("0"), v)
+        .replace(QLatin1Char(','), QLatin1Char('.'));
 }
 
 class TEscritor
@@ -57,20 +49,19 @@ public:
     {
         std::visit(
             [&](auto membro) {
-                using T = std::remove_cvref_t<decltype(s.*membro)>;
-                const T &v = s.*membro;
-                if constexpr (std::is_same_v<T, QString>) {
-                    if (!v.isEmpty())
-                        Texto(c.nome, v);
-                } else if constexpr (std::is_same_v<T, QDateTime>) {
-                    if (v.isValid())
-                        Texto(c.nome, v.toString(Qt::ISODate));
-                } else if (!opcional || v != T{}) {
-                    if constexpr (std::is_same_v<T, Money> || std::is_same_v<T, double>)
-                        Texto(c.nome, Decimal(v, c.casas));
-                    else
-                        Texto(c.nome, QString::number(v));
-                }
+                const auto &v = s.*membro;
+                using T = std::remove_cvref_t<decltype(v)>;
+                QString texto;
+                if constexpr (std::is_same_v<T, QString>)
+                    texto = v;
+                else if constexpr (std::is_same_v<T, QDateTime>)
+                    texto = v.toString(Qt::ISODate);
+                else if constexpr (std::is_integral_v<T>)
+                    texto = opcional && v == 0 ? QString() : QString::number(v);
+                else
+                    texto = opcional && v == T{} ? QString() : Decimal(v, c.casas);
+                if (!texto.isEmpty())
+                    Texto(c.nome, texto);
             },
             c.membro);
     }
@@ -96,21 +87,17 @@ public:
         Fechar();
     }
 
+    // Not a valid signature: the reader only notes that there is one and skips it whole.
     void Assinatura(const QString &chave, const QString &digest)
     {
         const QString ns = std::exchange(m_ns, NsDsig);
         w.writeDefaultNamespace(NsDsig);
         Grupo(QStringLiteral("Signature"), [&] {
             Grupo(QStringLiteral("SignedInfo"), [&] {
-                Algoritmo(QStringLiteral("CanonicalizationMethod"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
-                Algoritmo(QStringLiteral("SignatureMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#rsa-sha1"));
+                w.writeEmptyElement(m_ns, QStringLiteral("CanonicalizationMethod"));
+                Atributo(QStringLiteral("Algorithm"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
                 Abrir(QStringLiteral("Reference"));
                 Atributo(QStringLiteral("URI"), QStringLiteral("#NFe") + chave);
-                Grupo(QStringLiteral("Transforms"), [&] {
-                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#enveloped-signature"));
-                    Algoritmo(QStringLiteral("Transform"), QStringLiteral("http://www.w3.org/TR/2001/REC-xml-c14n-20010315"));
-                });
-                Algoritmo(QStringLiteral("DigestMethod"), QStringLiteral("http://www.w3.org/2000/09/xmldsig#sha1"));
                 Texto(QStringLiteral("DigestValue"), digest);
                 Fechar();
             });
@@ -123,43 +110,31 @@ public:
     }
 
 private:
-    void Algoritmo(const QString &nome, const QString &algoritmo)
-    {
-        w.writeEmptyElement(m_ns, nome);
-        Atributo(QStringLiteral("Algorithm"), algoritmo);
-    }
-
     QXmlStreamWriter w;
     QString m_ns;
 };
 
-QString NomeContrib(const QString &tributo, const QString &cst)
+// A taxed group carries either the base and the rate or the quantity and its unit value; an
+// untaxed one only the CST.
+bool NoGrupo(QLatin1String nome, bool tributado, bool porQtde)
 {
-    const int c = cst.toInt();
-    if (c == 1 || c == 2)
-        return tributo + QLatin1String("Aliq");
-    if (c == 3)
-        return tributo + QLatin1String("Qtde");
-    if (c >= 4 && c <= 9)
-        return tributo + QLatin1String("NT");
-    return tributo + QLatin1String("Outr");
+    static const QStringList qtdes{"qBCProd", "vAliqProd", "qUnid", "vUnid"};
+    const bool aliq = nome == QLatin1String("vBC") || nome.startsWith(QLatin1Char('p'));
+    return nome == QLatin1String("CST") || (tributado && (porQtde ? !aliq : !qtdes.contains(nome)));
 }
 
 void EscreverContrib(TEscritor &e, const QString &tributo, TCamposNFe<TNFeContrib> campos, const TNFeContrib &c)
 {
     if (c.CST.isEmpty())
         return;
+    const int cst = c.CST.toInt();
+    const QString grupo = tributo + QLatin1String(cst == 1 || cst == 2 ? "Aliq" : cst == 3 ? "Qtde" : cst >= 4 && cst <= 9 ? "NT" : "Outr");
     e.Grupo(tributo, [&] {
-        const QString grupo = NomeContrib(tributo, c.CST);
         e.Grupo(grupo, [&] {
             const bool porQtde = grupo.endsWith(QLatin1String("Qtde")) || (grupo.endsWith(QLatin1String("Outr")) && c.qBCProd != 0);
-            for (const TCampoNFe<TNFeContrib> &f : campos) {
-                const bool aliq = f.nome == QLatin1String("vBC") || f.nome.startsWith(QLatin1Char('p'));
-                const bool qtde = f.nome == QLatin1String("qBCProd") || f.nome == QLatin1String("vAliqProd");
-                if (grupo.endsWith(QLatin1String("NT")) ? f.nome == QLatin1String("CST")
-                                                        : !(aliq && porQtde) && !(qtde && !porQtde))
+            for (const TCampoNFe<TNFeContrib> &f : campos)
+                if (NoGrupo(f.nome, !grupo.endsWith(QLatin1String("NT")), porQtde))
                     e.Folha(f, c, false);
-            }
         });
     });
 }
@@ -187,13 +162,9 @@ void EscreverImposto(TEscritor &e, const TItem &it)
             const int cst = it.IPI.CST.toInt();
             const bool trib = cst == 0 || cst == 49 || cst == 50 || cst == 99;
             e.Grupo(trib ? QStringLiteral("IPITrib") : QStringLiteral("IPINT"), [&] {
-                for (const auto &c : IPI().subspan(2)) {
-                    const bool porQtde = it.IPI.qUnid != 0;
-                    const bool aliq = c.nome == QLatin1String("vBC") || c.nome == QLatin1String("pIPI");
-                    const bool qtde = c.nome == QLatin1String("qUnid") || c.nome == QLatin1String("vUnid");
-                    if (c.nome == QLatin1String("CST") || (trib && !(aliq && porQtde) && !(qtde && !porQtde)))
+                for (const auto &c : IPI().subspan(2))
+                    if (NoGrupo(c.nome, trib, it.IPI.qUnid != 0))
                         e.Folha(c, it.IPI, false);
-                }
             });
         });
     }
@@ -202,19 +173,14 @@ void EscreverImposto(TEscritor &e, const TItem &it)
     if (it.ICMSUFDest.presente)
         e.Grupo(QStringLiteral("ICMSUFDest"), [&] { e.Folhas(ICMSUFDest(), it.ICMSUFDest); });
     if (it.IBSCBS.presente) {
-        const auto sub = [&](QLatin1String nome) {
-            e.Grupo(nome, [&] { e.Folhas(IBSCBS(), it.IBSCBS, nome); });
-        };
+        const auto sub = [&](QLatin1String nome) { e.Grupo(nome, [&] { e.Folhas(IBSCBS(), it.IBSCBS, nome); }); };
         e.Grupo(QStringLiteral("IBSCBS"), [&] {
             e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("IBSCBS"));
             e.Grupo(QStringLiteral("gIBSCBS"), [&] {
+                // The state's and the city's groups follow the base, the federal one the total.
                 e.Folhas(IBSCBS(), it.IBSCBS, QLatin1String("gIBSCBS"), {}, [&](QLatin1String nome) {
-                    if (nome == QLatin1String("vBC")) {
-                        sub(QLatin1String("gIBSUF"));
-                        sub(QLatin1String("gIBSMun"));
-                    } else {
-                        sub(QLatin1String("gCBS"));
-                    }
+                    for (const char *g : nome == QLatin1String("vBC") ? std::vector{"gIBSUF", "gIBSMun"} : std::vector{"gCBS"})
+                        sub(QLatin1String(g));
                 });
             });
         });
@@ -229,10 +195,7 @@ void EscreverItem(TEscritor &e, const TItem &original)
             *gtin = QStringLiteral("SEM GTIN");
     e.Abrir(QStringLiteral("det"));
     e.Atributo(QStringLiteral("nItem"), QString::number(it.nItem));
-    e.Grupo(QStringLiteral("prod"), [&] {
-        e.Folhas(CamposNFe::Prod(), it, {},
-                 {QStringLiteral("vFrete"), QStringLiteral("vSeg"), QStringLiteral("vDesc"), QStringLiteral("vOutro")});
-    });
+    e.Grupo(QStringLiteral("prod"), [&] { e.Folhas(CamposNFe::Prod(), it, {}, {"vFrete", "vSeg", "vDesc", "vOutro"}); });
     e.Grupo(QStringLiteral("imposto"), [&] { EscreverImposto(e, it); });
     if (it.pDevol != 0 || it.vIPIDevol != Money()) {
         e.Grupo(QStringLiteral("impostoDevol"), [&] {
@@ -246,25 +209,24 @@ void EscreverItem(TEscritor &e, const TItem &original)
 
 void EscreverIBSCBSTot(TEscritor &e, const TNFeIBSCBSTot &t)
 {
-    const QString zero = QStringLiteral("0.00");
-    const auto difDev = [&] {
-        e.Texto(QStringLiteral("vDif"), zero);
-        e.Texto(QStringLiteral("vDevTrib"), zero);
+    // The amounts the model does not keep are written as zero.
+    const auto zeros = [&](std::initializer_list<const char *> nomes) {
+        for (const char *nome : nomes)
+            e.Texto(QLatin1String(nome), QStringLiteral("0.00"));
     };
+    const auto folhas = [&](const char *pai) { e.Folhas(CamposNFe::IBSCBSTot(), t, QLatin1String(pai)); };
     e.Grupo(QStringLiteral("IBSCBSTot"), [&] {
-        e.Texto(QStringLiteral("vBCIBSCBS"), Decimal(t.vBCIBSCBS, 2));
+        folhas("IBSCBSTot");
         e.Grupo(QStringLiteral("gIBS"), [&] {
-            e.Grupo(QStringLiteral("gIBSUF"), [&] { difDev(); e.Texto(QStringLiteral("vIBSUF"), Decimal(t.vIBSUF, 2)); });
-            e.Grupo(QStringLiteral("gIBSMun"), [&] { difDev(); e.Texto(QStringLiteral("vIBSMun"), Decimal(t.vIBSMun, 2)); });
-            e.Texto(QStringLiteral("vIBS"), Decimal(t.vIBS, 2));
-            e.Texto(QStringLiteral("vCredPres"), Decimal(t.vCredPres, 2));
-            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+            for (const char *esfera : {"gIBSUF", "gIBSMun"})
+                e.Grupo(QLatin1String(esfera), [&] { zeros({"vDif", "vDevTrib"}); folhas(esfera); });
+            folhas("gIBS");
+            zeros({"vCredPresCondSus"});
         });
         e.Grupo(QStringLiteral("gCBS"), [&] {
-            difDev();
-            e.Texto(QStringLiteral("vCBS"), Decimal(t.vCBS, 2));
-            e.Texto(QStringLiteral("vCredPres"), zero);
-            e.Texto(QStringLiteral("vCredPresCondSus"), zero);
+            zeros({"vDif", "vDevTrib"});
+            folhas("gCBS");
+            zeros({"vCredPres", "vCredPresCondSus"});
         });
     });
 }
@@ -297,24 +259,19 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
             }
         });
     });
-    const auto endereco = [&](const QString &nome, const TNFeEndereco &end) {
-        e.Grupo(nome, [&] { e.Folhas(Endereco(), end); });
-    };
-    e.Grupo(QStringLiteral("emit"), [&] {
-        e.Folhas(Emit(), nfe.emitente, {}, {}, [&](QLatin1String nome) {
-            if (nome == QLatin1String("xFant"))
-                endereco(QStringLiteral("enderEmit"), nfe.emitente.ender);
-        });
-    });
-    const TPess_Dest &d = nfe.destinatario;
-    if (!d.CNPJ.isEmpty() || !d.CPF.isEmpty() || !d.idEstrangeiro.isEmpty()) {
-        e.Grupo(QStringLiteral("dest"), [&] {
-            e.Folhas(Dest(), d, {}, {}, [&](QLatin1String nome) {
-                if (nome == QLatin1String("xNome"))
-                    endereco(QStringLiteral("enderDest"), d.ender);
+    // The address goes right after the leaf `antes`.
+    const auto pessoa = [&](const QString &grupo, auto campos, const auto &p, const char *antes, const QString &endereco) {
+        e.Grupo(grupo, [&] {
+            e.Folhas(campos, p, {}, {}, [&](QLatin1String nome) {
+                if (nome == QLatin1String(antes))
+                    e.Grupo(endereco, [&] { e.Folhas(Endereco(), p.ender); });
             });
         });
-    }
+    };
+    pessoa(QStringLiteral("emit"), Emit(), nfe.emitente, "xFant", QStringLiteral("enderEmit"));
+    const TPess_Dest &d = nfe.destinatario;
+    if (!d.CNPJ.isEmpty() || !d.CPF.isEmpty() || !d.idEstrangeiro.isEmpty())
+        pessoa(QStringLiteral("dest"), Dest(), d, "xNome", QStringLiteral("enderDest"));
     for (int i = 0; i < nfe.itens.Count(); ++i)
         EscreverItem(e, nfe.itens.GetItem(i));
     e.Grupo(QStringLiteral("total"), [&] {
@@ -323,10 +280,10 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
             EscreverIBSCBSTot(e, nfe.IBSCBSTot);
     });
     EscreverTransp(e, nfe.transp);
+    // Not read: a group the reader must skip inside infNFe.
     e.Grupo(QStringLiteral("pag"), [&] {
         e.Grupo(QStringLiteral("detPag"), [&] {
-            const bool semPagamento = nfe.ICMSTot.vNF == Money();
-            e.Texto(QStringLiteral("tPag"), semPagamento ? QStringLiteral("90") : QStringLiteral("15"));
+            e.Texto(QStringLiteral("tPag"), nfe.ICMSTot.vNF == Money() ? QStringLiteral("90") : QStringLiteral("15"));
             e.Texto(QStringLiteral("vPag"), Decimal(nfe.ICMSTot.vNF, 2));
         });
     });
@@ -340,7 +297,6 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
 QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
 {
     QByteArray xml;
-    const QString digest = nfe.prot.digVal.isEmpty() ? QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=") : nfe.prot.digVal;
     {
         TEscritor e(&xml, opcoes);
         const auto versao = [&] { e.Atributo(QStringLiteral("versao"), QStringLiteral("4.00")); };
@@ -348,7 +304,7 @@ QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
             e.Grupo(QStringLiteral("NFe"), [&] {
                 EscreverInfNFe(e, nfe);
                 if (opcoes.assinatura)
-                    e.Assinatura(nfe.chave, digest);
+                    e.Assinatura(nfe.chave, nfe.prot.digVal.isEmpty() ? QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=") : nfe.prot.digVal);
             });
         };
         if (!opcoes.comProtocolo) {
@@ -359,16 +315,12 @@ QByteArray GerarXmlNFe(const TnfeProc &nfe, const OpcoesGeracao &opcoes)
                 documento();
                 e.Grupo(QStringLiteral("protNFe"), [&] {
                     versao();
-                    e.Grupo(QStringLiteral("infProt"), [&] {
-                        e.Folhas(CamposNFe::Prot(), nfe.prot);
-                    });
+                    e.Grupo(QStringLiteral("infProt"), [&] { e.Folhas(CamposNFe::Prot(), nfe.prot); });
                 });
             });
         }
     }
-    if (opcoes.bom)
-        xml.prepend("\xEF\xBB\xBF");
-    return xml;
+    return opcoes.bom ? "\xEF\xBB\xBF" + xml : xml;
 }
 
 bool GravarXmlNFe(const QString &caminho, const TnfeProc &nfe, const OpcoesGeracao &opcoes)
@@ -382,82 +334,43 @@ TnfeProc NFeExemplo(const QString &cnpjEmit, const QString &cnpjDest, qint64 num
     TnfeProc nfe;
     nfe.versao = QStringLiteral("4.00");
     TNFeIde &ide = nfe.ide;
-    ide.cUF = QStringLiteral("35");
-    ide.cNF = QString::number((numero * 7919 + 13) % 100000000).rightJustified(8, QLatin1Char('0'));
-    ide.natOp = QStringLiteral("VENDA DE MERCADORIA");
-    ide.serie = 1;
-    ide.nNF = numero;
-    ide.dhEmi = QDateTime(QDate(2026, 11, 20), QTime(10, 30), QTimeZone(-3 * 3600));
-    ide.tpNF = 1;
-    ide.idDest = 1;
-    ide.cMunFG = QStringLiteral("3550308");
-    ide.tpImp = 1;
-    ide.tpEmis = 1;
-    ide.tpAmb = 1;
-    ide.finNFe = 1;
-    ide.indPres = 9;
-    ide.verProc = QStringLiteral("GeradorNFe 1.0");
+    ide = {.cUF = "35", .cNF = QString::number((numero * 7919 + 13) % 100000000).rightJustified(8, QLatin1Char('0')),
+           .natOp = "VENDA DE MERCADORIA", .cMunFG = "3550308", .verProc = "GeradorNFe 1.0", .serie = 1, .tpNF = 1,
+           .idDest = 1, .tpImp = 1, .tpEmis = 1, .tpAmb = 1, .finNFe = 1, .indPres = 9, .nNF = numero,
+           .dhEmi = QDateTime(QDate(2026, 11, 20), QTime(10, 30), QTimeZone(-3 * 3600))};
     const QString chave43 = ide.cUF + ide.dhEmi.toString(QStringLiteral("yyMM")) + cnpjEmit.rightJustified(14, QLatin1Char('0'))
         + QStringLiteral("55") + QString::number(ide.serie).rightJustified(3, QLatin1Char('0'))
         + QString::number(numero).rightJustified(9, QLatin1Char('0')) + QString::number(ide.tpEmis) + ide.cNF;
     nfe.chave = chave43 + ChaveNFe::Digito(chave43);
     ide.cDV = nfe.chave.back().digitValue();
 
-    const TNFeEndereco endereco{QStringLiteral("RUA DAS FLORES"), QStringLiteral("120"), {}, QStringLiteral("CENTRO"),
-                                QStringLiteral("3550308"), QStringLiteral("SAO PAULO"), QStringLiteral("SP"),
-                                QStringLiteral("01001000"), QStringLiteral("1058"), QStringLiteral("BRASIL"),
-                                QStringLiteral("1133334444")};
-    nfe.emitente.CNPJ = cnpjEmit;
-    nfe.emitente.xNome = QStringLiteral("DISTRIBUIDORA EXEMPLO LTDA");
-    nfe.emitente.xFant = QStringLiteral("EXEMPLO");
-    nfe.emitente.IE = QStringLiteral("110042490114");
-    nfe.emitente.CRT = 3;
-    nfe.emitente.ender = endereco;
-    nfe.destinatario.CNPJ = cnpjDest;
-    nfe.destinatario.xNome = QStringLiteral("LOJA DESTINO LTDA");
-    nfe.destinatario.indIEDest = 1;
-    nfe.destinatario.IE = QStringLiteral("111222333444");
-    nfe.destinatario.ender = endereco;
+    const TNFeEndereco endereco{"RUA DAS FLORES", "120", {}, "CENTRO", "3550308", "SAO PAULO", "SP", "01001000", "1058",
+                                "BRASIL", "1133334444"};
+    nfe.emitente = {cnpjEmit, {}, "DISTRIBUIDORA EXEMPLO LTDA", "EXEMPLO", "110042490114", {}, {}, {}, 3, endereco};
+    nfe.destinatario = {cnpjDest, {}, {}, "LOJA DESTINO LTDA", "111222333444", {}, {}, {}, 1, endereco};
 
     TNFeICMSTot &tot = nfe.ICMSTot;
     for (int i = 1; i <= nItens; ++i) {
-        TItem &it = nfe.itens.Add();
-        it.nItem = i;
-        it.cProd = QStringLiteral("F%1").arg(i, 3, 10, QLatin1Char('0'));
-        it.xProd = QStringLiteral("PRODUTO EXEMPLO %1").arg(i);
-        it.NCM = QStringLiteral("22021000");
-        it.CFOP = QStringLiteral("5102");
-        it.uCom = it.uTrib = QStringLiteral("UN");
-        it.qCom = it.qTrib = 1 + i % 5;
         const Money unitario = Money::fromRaw(100000 + i * 2500);
-        it.vUnCom = it.vUnTrib = unitario.toDouble();
-        it.vProd = unitario * std::int64_t(it.qCom);
-        it.ICMS.grupo = QStringLiteral("ICMS00");
-        it.ICMS.CST = QStringLiteral("00");
-        it.ICMS.modBC = 3;
-        it.ICMS.vBC = it.vProd;
-        it.ICMS.pICMS = 18;
-        it.ICMS.vICMS = it.vProd.times(0.18).roundTo(2);
-        it.PIS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
-        it.COFINS = {QStringLiteral("01"), it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
-        tot.vBC += it.ICMS.vBC;
+        const int qtd = 1 + i % 5;
+        TItem &it = nfe.itens.Add();
+        it = {.nItem = i, .cProd = QStringLiteral("F%1").arg(i, 3, 10, QLatin1Char('0')),
+              .xProd = QStringLiteral("PRODUTO EXEMPLO %1").arg(i), .NCM = "22021000", .CFOP = "5102", .uCom = "UN",
+              .uTrib = "UN", .qCom = double(qtd), .vUnCom = unitario.toDouble(), .qTrib = double(qtd),
+              .vUnTrib = unitario.toDouble(), .vProd = unitario * qtd};
+        it.ICMS = {.grupo = "ICMS00", .CST = "00", .modBC = 3, .vBC = it.vProd, .vICMS = it.vProd.times(0.18).roundTo(2),
+                   .pICMS = 18};
+        it.PIS = {"01", it.vProd, it.vProd.times(0.0165).roundTo(2), 1.65};
+        it.COFINS = {"01", it.vProd, it.vProd.times(0.076).roundTo(2), 7.6};
         tot.vICMS += it.ICMS.vICMS;
         tot.vProd += it.vProd;
         tot.vPIS += it.PIS.valor;
         tot.vCOFINS += it.COFINS.valor;
     }
-    tot.vNF = tot.vProd;
+    tot.vBC = tot.vNF = tot.vProd;   // every item's ICMS base is its value
     nfe.infCpl = QStringLiteral("Pedido 4521 & entrega <manhã>");
     nfe.assinado = true;
-    TNFeProt &prot = nfe.prot;
-    prot.presente = true;
-    prot.tpAmb = 1;
-    prot.verAplic = QStringLiteral("SP_NFE_PL009_V4");
-    prot.chNFe = nfe.chave;
-    prot.dhRecbto = ide.dhEmi.addSecs(95);
-    prot.nProt = QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0'));
-    prot.digVal = QStringLiteral("bm90IGEgcmVhbCBkaWdlc3Q=");
-    prot.cStat = 100;
-    prot.xMotivo = QStringLiteral("Autorizado o uso da NF-e");
+    nfe.prot = {true, 1, 100, "SP_NFE_PL009_V4", nfe.chave, QStringLiteral("1352600%1").arg(numero, 8, 10, QLatin1Char('0')),
+                "bm90IGEgcmVhbCBkaWdlc3Q=", "Autorizado o uso da NF-e", ide.dhEmi.addSecs(95)};
     return nfe;
 }
