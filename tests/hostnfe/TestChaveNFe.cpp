@@ -31,6 +31,7 @@ TEST(ChaveNFe, NomeXMLToNFEChave)
         {"prefixo NFe cai", QStringLiteral("<?xml version=\"1.0\"?>\n<NFe><infNFe versao=\"4.00\" Id=\"NFe%1\">").arg(chave), chave},
         {"aspas simples", QStringLiteral("<NFe><infNFe Id='NFe%1' versao='4.00'>").arg(chave), {}},
         {"Id fecha depois de 80", QStringLiteral("<infNFe versao=\"4.00\"        Id=\"NFe%1\">").arg(chave), {}},
+        {"atributo longo antes do Id", QStringLiteral("<infNFe xmlns:extra=\"%1\" Id=\"NFe%2\">").arg(QString(60, u'x'), chave), {}},
         {"sem infNFe", QStringLiteral("<NFe><InfNFe Id=\"NFe%1\">").arg(chave), {}},
         {"letras da chave caem", QStringLiteral("<infNFe Id=\"NFe352611ZX9Y8W7V000135550010000012341097720508\">"),
          QStringLiteral("352611987000135550010000012341097720508")},
