@@ -213,8 +213,10 @@ int main(int argc, char **argv)
     if (!ok)
         return 2;
     const QByteArray database = parser.value(QStringLiteral("database")).toUtf8();
-    const QByteArray pastaFiscal = parser.value(QStringLiteral("fiscal-folder")).toUtf8();
-    if (!iniciar(database.constData(), empresa, estacao, debug, pastaFiscal.constData(), &mensagem)) {
+    // The option outranks the environment, so it simply takes the environment's place.
+    if (parser.isSet(QStringLiteral("fiscal-folder")))
+        qputenv("PAVREL_FISCAL_FOLDER", parser.value(QStringLiteral("fiscal-folder")).toLocal8Bit());
+    if (!iniciar(database.constData(), empresa, estacao, debug, &mensagem)) {
         erro(mensagem);
         return 1;
     }

@@ -37,12 +37,10 @@ Q_DECL_EXPORT const char *PavrelVersao()
     return versao.constData();
 }
 
-Q_DECL_EXPORT bool PavrelIniciar(const char *database, int empresa, int estacao, int modoDebug,
-                                 const char *fiscalFolder, QString *erro)
+Q_DECL_EXPORT bool PavrelIniciar(const char *database, int empresa, int estacao, int modoDebug, QString *erro)
 {
     TDadosHost dados;
     dados.database = QString::fromUtf8(database);
-    dados.pastaFiscal = QString::fromUtf8(fiscalFolder);
     dados.empresa = empresa;
     dados.estacao = estacao;
     dados.modoDebug = modoDebug;

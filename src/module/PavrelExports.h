@@ -12,9 +12,8 @@ extern "C" {
 using PavrelVersaoFn = const char *(*)();
 // database may be empty (environment, then the default file); 0 for company or station means
 // the environment, then 1.
-// fiscalFolder may be empty (PAVREL_FISCAL_FOLDER, the configuration store, then the default).
-using PavrelIniciarFn = bool (*)(const char *database, int empresa, int estacao, int modoDebug,
-                                 const char *fiscalFolder, QString *erro);
+// The fiscal folder comes from PAVREL_FISCAL_FOLDER, the configuration store, then the default.
+using PavrelIniciarFn = bool (*)(const char *database, int empresa, int estacao, int modoDebug, QString *erro);
 using PavrelCriarBancoFn = bool (*)(const char *caminho, bool comDemo, QString *erro);
 // A headless command ("notes" and its options); the process exit code.
 using PavrelExecutarFn = int (*)(const QStringList *argumentos);
