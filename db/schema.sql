@@ -43,6 +43,9 @@ CREATE TABLE empr (
   fone1         VARCHAR(20),
   fone2         VARCHAR(20),
   email         VARCHAR(60),
+  crt           SMALLINT DEFAULT 3,   -- tax regime: 1 Simples Nacional, 2 excess, 3 normal, 4 MEI
+  cnae          VARCHAR(7),
+  im            VARCHAR(15),          -- municipal registration
   CONSTRAINT empr_pk PRIMARY KEY (empr_cod)
 );
 
@@ -82,6 +85,15 @@ CREATE TABLE sinc_trava (
   estacao    INTEGER,
   adquirido  TIMESTAMP,
   CONSTRAINT sinc_trava_pk PRIMARY KEY (nome)
+);
+
+-- The last NF-e number handed out per company and series. Numbers are taken by an update of the
+-- row, so two workstations never get the same one.
+CREATE TABLE nfe_numero (
+  empr_cod   INTEGER NOT NULL,
+  serie      INTEGER NOT NULL,
+  ultimo     INTEGER DEFAULT 0 NOT NULL,
+  CONSTRAINT nfe_numero_pk PRIMARY KEY (empr_cod, serie)
 );
 
 -- Fiscal defaults: the first row returned holds the additional information
