@@ -119,6 +119,9 @@ bool TAssinadorNFe::Assinar(const QByteArray &xml, const QString &id, const TCer
     if (fim < 0)
         return Falhar(erro, QStringLiteral("Não foi possível localizar o fim do elemento de Id '%1'").arg(id));
 
+    auto *evp = static_cast<const EVP_PKEY *>(certificado.ChavePrivada());
+    if (!evp || EVP_PKEY_get_base_id(evp) != EVP_PKEY_RSA)
+        return Falhar(erro, QStringLiteral("A chave do certificado digital não é RSA, a que a NF-e exige"));
     TChaveXmlSec chave = ChaveDe(certificado);
     if (!chave)
         return Falhar(erro, QStringLiteral("A chave privada do certificado não pôde ser usada para assinar"));
