@@ -1,4 +1,6 @@
 #include "BancoTeste.h"
+#include "CertificadosTeste.h"
+#include "TAssinadorNFe.h"
 #include "ChaveNFe.h"
 #include "Database.h"
 #include "NotasTeste.h"
@@ -11,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -50,33 +54,51 @@ protected:
 
 } // namespace
 
-TEST_F(EmissorNFe, CadaTipoEmitidoDaUmDocumentoQueValida)
+TEST_F(EmissorNFe, CadaTipoEmitidoValidaEAssinaturaConfereEReemitidoGuardaNumeroEChave)
 {
-    const struct { int tipo, finNFe, refs; } casos[] = {{35, 4, 1}, {36, 1, 1}, {38, 4, 1}, {41, 4, 1}, {39, 2, 1}};
+    const auto certificado = AbrirCertificadoTeste(QStringLiteral("11222333000181"));
+    ASSERT_TRUE(certificado);
+    // The test certificate is valid from yesterday on.
+    BancoTeste::FixarRelogio(QDateTime(QDate::currentDate(), QTime(10, 30)));
+    const struct { int tipo, finNFe; } casos[] = {{35, 4}, {36, 1}, {38, 4}, {41, 4}, {39, 2}};
     for (const auto &c : casos) {
         SCOPED_TRACE(c.tipo);
         TestDatabase db;
-        ASSERT_TRUE(db.ok()) << db.erro().toStdString();
+        QTemporaryDir fiscal;
+        Contexto::Atual().pastaFiscal = fiscal.path();
         ASSERT_EQ(NotaDeSaida(db, c.tipo, QStringLiteral("update compra_item_tmp set vipi=0.50, pipi=5 where compra_item_tmp_cod=2;"
                                                        "update compra set ipi=0.5, tot=tot+0.5;")),
                   QString());
-        TnfeProc nfe;
+        TEmissorNFe emissor(db.conexao());
+        TNFeEmitida emitida;
         QString erro;
-        const QByteArray xml = Montar(db, c.tipo, &nfe, &erro);
-        ASSERT_FALSE(xml.isEmpty()) << erro.toStdString();
+        ASSERT_TRUE(emissor.Emitir(1, 1, 1, c.finNFe, c.tipo, certificado.get(), &emitida, &erro)) << erro.toStdString();
+        EXPECT_EQ(emitida.arquivo, fiscal.filePath(QStringLiteral("NFe_Said/%1/%2-nfe.xml").arg(QDate::currentDate().toString(u"yyyy/MM"), emitida.chave)));
+        QFile arquivo(emitida.arquivo);
+        ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
+        const QByteArray xml = arquivo.readAll();
         EXPECT_TRUE(TValidadorNFe::Validar(xml, TValidadorNFe::TEsquema::NFe, &erro)) << erro.toStdString();
+        EXPECT_TRUE(TAssinadorNFe::Verificar(xml, &erro)) << erro.toStdString();
+        EXPECT_EQ(db.valor(QStringLiteral("select nfe_num || '/' || nfe_chave from compra")),
+                  QStringLiteral("1/") + emitida.chave);
+
+        TnfeProc nfe;
+        TNFe_XMLI leitor(nfe);
+        ASSERT_TRUE(leitor.ImportarDoTexto(xml, emitida.arquivo)) << leitor.Erro().toStdString();
         EXPECT_EQ(nfe.ide.finNFe, c.finNFe);
         EXPECT_EQ(nfe.ide.tpNF, 1);
-        EXPECT_EQ(nfe.ide.refNFe.size(), c.refs);
-        EXPECT_EQ(nfe.ide.tpAmb, 2);
+        EXPECT_EQ(nfe.ide.refNFe, QStringList{ChaveRef});
         EXPECT_EQ(nfe.destinatario.xNome, QStringLiteral("NF-E EMITIDA EM AMBIENTE DE HOMOLOGACAO - SEM VALOR FISCAL"));
         // A return gives the IPI back instead of charging it; either way the total carries it.
-        const TItem &comIPI = nfe.itens.GetItem(1);
-        EXPECT_EQ(comIPI.IPI.presente, c.finNFe != 4);
-        EXPECT_EQ(comIPI.vIPIDevol, c.finNFe == 4 ? Money::parse(u"0.5") : Money());
+        EXPECT_EQ(nfe.itens.GetItem(1).IPI.presente, c.finNFe != 4);
+        EXPECT_EQ(nfe.itens.GetItem(1).vIPIDevol, c.finNFe == 4 ? *Money::parse(u"0.5") : Money());
         EXPECT_EQ(nfe.ICMSTot.vNF, *Money::parse(u"17.85"));
-        EXPECT_EQ(nfe.chave.mid(25, 9), QStringLiteral("000000001"));
-        EXPECT_TRUE(ChaveNFe::DigitoConfere(nfe.chave));
+
+        TNFeEmitida deNovo;
+        ASSERT_TRUE(emissor.Emitir(1, 1, 1, c.finNFe, c.tipo, certificado.get(), &deNovo, &erro)) << erro.toStdString();
+        EXPECT_EQ(deNovo.numero, 1);
+        EXPECT_EQ(deNovo.chave, emitida.chave);
+        EXPECT_EQ(db.valor(QStringLiteral("select ultimo from nfe_numero")), QStringLiteral("1"));
     }
 }
 
@@ -147,21 +169,6 @@ TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactos)
     EXPECT_EQ(TextoXML(u"  a\u00A0 <b>  🙂c  "), QStringLiteral("a &lt;b&gt; c"));
 }
 
-TEST_F(EmissorNFe, NotaJaNumeradaGuardaNumeroEChave)
-{
-    TestDatabase db;
-    ASSERT_EQ(NotaDeSaida(db, 35), QString());
-    TnfeProc nfe;
-    QString erro;
-    ASSERT_FALSE(Montar(db, 35, &nfe, &erro).isEmpty()) << erro.toStdString();
-    NumeracaoNFe::Numerar(nfe, 77, QStringLiteral("31415926"));
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set nfe_num=77, nfe_chave=") + QuotedStr(nfe.chave)), QString());
-    TnfeProc outra;
-    ASSERT_FALSE(Montar(db, 35, &outra, &erro).isEmpty()) << erro.toStdString();
-    EXPECT_EQ(outra.ide.nNF, 77);
-    EXPECT_EQ(outra.chave, nfe.chave);
-}
-
 TEST(NumeroNFe, DuasConexoesAoMesmoTempoNuncaRepetemEContinuamDoMaiorUsado)
 {
     TestDatabase db;
@@ -206,4 +213,22 @@ TEST_F(EmissorNFe, DevolucaoDaLojaDeDemonstracaoValida)
     // Issued before: the same number and random code give back the key it already has.
     EXPECT_EQ(nfe.chave, QStringLiteral("35261124587136000108550010000015321719204669"));
     TConexaoSQL::FecharOciosas(banco.database);
+}
+
+TEST_F(EmissorNFe, DocumentoForaDoEsquemaGuardaSoONumeroENenhumArquivo)
+{
+    const auto certificado = AbrirCertificadoTeste(QStringLiteral("11222333000181"));
+    ASSERT_TRUE(certificado);
+    BancoTeste::FixarRelogio(QDateTime(QDate::currentDate(), QTime(10, 30)));
+    TestDatabase db;
+    QTemporaryDir fiscal;
+    Contexto::Atual().pastaFiscal = fiscal.path();
+    ASSERT_EQ(NotaDeSaida(db, 36, QStringLiteral("update compra_item_tmp set ncm='1234' where compra_item_tmp_cod=2;")), QString());
+    TEmissorNFe emissor(db.conexao());
+    QString erro;
+    EXPECT_FALSE(emissor.Emitir(1, 1, 1, 1, 36, certificado.get(), nullptr, &erro));
+    EXPECT_TRUE(erro.contains(QStringLiteral("NCM"))) << erro.toStdString();
+    EXPECT_EQ(db.valor(QStringLiteral("select nfe_num || '/' || coalesce(nfe_chave, 'sem chave') from compra")),
+              QStringLiteral("1/sem chave"));
+    EXPECT_FALSE(QDir(fiscal.filePath(QStringLiteral("NFe_Said"))).exists());
 }
