@@ -146,11 +146,15 @@ TEST_F(EmissorNFe, RecusaAntesDeNumerarComUmaMensagemENaoMudaANota)
     }
 }
 
-TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactos)
+TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactosComOTransporte)
 {
     TestDatabase db;
     ASSERT_EQ(NotaDeSaida(db, 36,
-                          QStringLiteral("update compra set nat_op_str='REMESSA \"TESTE\" & <AMOSTRA> DE CAFÉ', "
+                          QStringLiteral("update compra set frete_modalidade=1, transp_fornec_cod=2, frete_vei_placa='ABC-1D23', "
+                                         "frete_vei_uf='PR', frete_reboque1_placa='XYZ9A87', frete_reboque1_uf='PR', "
+                                         "frete_vols_qtd=3, frete_vols_especie='CAIXA', frete_peso_liq=12.5, "
+                                         "frete_peso_bruto=13.25;"
+                                         "update compra set nat_op_str='REMESSA \"TESTE\" & <AMOSTRA> DE CAFÉ', "
                                          "inf_adic_contribuinte='Pedido nº 12 & ''urgente''' || ascii_char(10) || "
                                          "ascii_char(9) || 'até 5ª feira' || ascii_char(7);"
                                          "update prod set descr='CAFÉ D''OURO – “500g”' || ascii_char(1) where prod_cod=1;")),
@@ -167,6 +171,22 @@ TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactos)
     EXPECT_EQ(lida.itens.GetItem(0).xProd, QStringLiteral("CAFÉ D'OURO - \"500g\""));
     EXPECT_EQ(lida.infCpl, QStringLiteral("Pedido nº 12 & 'urgente' até 5ª feira"));
     EXPECT_EQ(TextoXML(u"  a\u00A0 <b>  🙂c  "), QStringLiteral("a &lt;b&gt; c"));
+    EXPECT_EQ(lida.transp.modFrete, 0);
+    EXPECT_EQ(lida.transp.CNPJ, QStringLiteral("77888999000181"));
+    EXPECT_EQ(lida.transp.placa, QStringLiteral("ABC1D23"));
+    EXPECT_EQ(lida.transp.qVol, 3);
+    EXPECT_EQ(lida.transp.pesoB, 13.25);
+}
+
+TEST(NumeracaoNFe, CodigoAleatorioNuncaTrivialNemIgualAoNumero)
+{
+    for (int i = 0; i < 2000; ++i) {
+        const QString c = NumeracaoNFe::NovoCNF(12345678 + i % 2);
+        ASSERT_EQ(c.size(), 8);
+        EXPECT_NE(c.toLongLong(), 12345678 + i % 2);
+        EXPECT_NE(c, QString(8, c[0]));
+        EXPECT_FALSE(QStringLiteral("0123456789").contains(c) || QStringLiteral("9876543210").contains(c)) << c.toStdString();
+    }
 }
 
 TEST(NumeroNFe, DuasConexoesAoMesmoTempoNuncaRepetemEContinuamDoMaiorUsado)
