@@ -60,14 +60,19 @@ TEST_F(EmissorNFe, CadaTipoEmitidoValidaEAssinaturaConfereEReemitidoGuardaNumero
     ASSERT_TRUE(certificado);
     // The test certificate is valid from yesterday on.
     BancoTeste::FixarRelogio(QDateTime(QDate::currentDate(), QTime(10, 30)));
-    const struct { int tipo, finNFe; } casos[] = {{35, 4}, {36, 1}, {38, 4}, {41, 4}, {39, 2}};
+    const struct { int tipo, finNFe; const char *sql, *grupoICMS; } casos[] = {
+        {35, 4, "", "ICMS00"}, {36, 1, "update compra_item_tmp set trib_icms_cst=60;", "ICMS60"}, {38, 4, "", "ICMS00"},
+        {41, 4, "update empr set crt=1; update compra_item_tmp set trib_icms_cst=102;", "ICMSSN102"},
+        {39, 2, "update empr set crt=4; update compra_item_tmp set trib_icms_cst=900, trib_icms_vbc=10, "
+                "trib_icms_picms=18, trib_icms_vicms=1.8;", "ICMSSN900"}};
     for (const auto &c : casos) {
         SCOPED_TRACE(c.tipo);
         TestDatabase db;
         QTemporaryDir fiscal;
         Contexto::Atual().pastaFiscal = fiscal.path();
         ASSERT_EQ(NotaDeSaida(db, c.tipo, QStringLiteral("update compra_item_tmp set vipi=0.50, pipi=5 where compra_item_tmp_cod=2;"
-                                                       "update compra set ipi=0.5, tot=tot+0.5;")),
+                                                       "update compra set ipi=0.5, tot=tot+0.5;")
+                                            + QString::fromUtf8(c.sql)),
                   QString());
         TEmissorNFe emissor(db.conexao());
         TNFeEmitida emitida;
@@ -93,6 +98,7 @@ TEST_F(EmissorNFe, CadaTipoEmitidoValidaEAssinaturaConfereEReemitidoGuardaNumero
         EXPECT_EQ(nfe.itens.GetItem(1).IPI.presente, c.finNFe != 4);
         EXPECT_EQ(nfe.itens.GetItem(1).vIPIDevol, c.finNFe == 4 ? *Money::parse(u"0.5") : Money());
         EXPECT_EQ(nfe.ICMSTot.vNF, *Money::parse(u"17.85"));
+        EXPECT_EQ(nfe.itens.GetItem(0).ICMS.grupo, QLatin1String(c.grupoICMS));
 
         TNFeEmitida deNovo;
         ASSERT_TRUE(emissor.Emitir(1, 1, 1, c.finNFe, c.tipo, certificado.get(), &deNovo, &erro)) << erro.toStdString();
