@@ -54,7 +54,9 @@ TEST(ValidadorNFe, DocumentoValidoPassaEQuebradosDizemOElementoEARegra)
         EXPECT_FALSE(TValidadorNFe::Validar(Trocar(valido, c.de, c.para), TEsquema::NFe, &erro)) << c.caso;
         EXPECT_TRUE(erro.startsWith(QString::fromUtf8(c.esperado))) << c.caso << ": " << erro.toStdString();
     }
-    // Without its Signature only the NFe passes; an authorised document must carry one.
-    EXPECT_FALSE(TValidadorNFe::Validar(valido, TEsquema::ProcNFe, &erro));
-    EXPECT_EQ(erro, QStringLiteral("O documento não é do tipo esperado (elemento raiz 'NFe')"));
+    // Every schema set loads from the program's own copy and refuses a stranger.
+    for (TEsquema e : {TEsquema::ProcNFe, TEsquema::EventoCanc, TEsquema::EventoCCe}) {
+        EXPECT_FALSE(TValidadorNFe::Validar(valido, e, &erro));
+        EXPECT_EQ(erro, QStringLiteral("O documento não é do tipo esperado (elemento raiz 'NFe')"));
+    }
 }
