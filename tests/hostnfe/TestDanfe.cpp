@@ -1,11 +1,14 @@
 #include "GeradorNFe.h"
 #include "TCodigoBarras.h"
+#include "DialogosTeste.h"
 #include "TDanfe.h"
+#include "TImpressaoDanfe.h"
 #include "TNFe_XMLI.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QPrinterInfo>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -134,6 +137,23 @@ TEST(TDanfe, ArquivoQueNaoPodeSerGravadoEhNomeado)
     EXPECT_FALSE(TDanfe::GerarPdf(nfe, pdf, &erro));
     EXPECT_TRUE(erro.contains(pdf)) << erro.toStdString();
     EXPECT_FALSE(QFile::exists(pdf));
+}
+
+TEST(TDanfe, SemImpressoraImprimeNoPdfQueOUsuarioNomeia)
+{
+    // No print server answers here, so the machine has no printer.
+    qputenv("CUPS_SERVER", "/nao-existe/cups.sock");
+    ASSERT_TRUE(QPrinterInfo::availablePrinterNames().isEmpty());
+    const TnfeProc nfe = NFeExemplo(QStringLiteral("12345678000195"), QStringLiteral("98765432000198"), 9, 2);
+    QTemporaryDir dir;
+    DialogosTeste dialogos;
+    dialogos.ResponderArquivo(dir.filePath(QStringLiteral("reimpressao")));
+    dialogos.ResponderArquivo(QString());
+    QString erro;
+    EXPECT_TRUE(ImprimirDanfe(nullptr, nfe, &erro)) << erro.toStdString();
+    EXPECT_TRUE(QFile::exists(dir.filePath(QStringLiteral("reimpressao.pdf"))));
+    EXPECT_FALSE(ImprimirDanfe(nullptr, nfe, &erro));   // gave up choosing the file
+    EXPECT_TRUE(erro.isEmpty());
 }
 
 } // namespace
