@@ -40,15 +40,15 @@ struct TPagina
 {
     int itemIni = 0, itemFim = 0;    // items [itemIni, itemFim)
     double fimItens = 0;             // where the items' frame ends
-    int adicIni = 0, adicFim = 0;    // lines of additional data continued on this page
+    int adicIni = 0, adicFim = 0;    // lines of the continuation on this page
     double topoAdic = 0;
 };
 
 struct TPlano
 {
     std::vector<TItemLinhas> itens;
-    QStringList adicionais;          // every line of the additional data
-    int adicNaPrimeira = 0;          // how many of them the first page's box holds
+    QStringList adicionais;          // the additional data in the first page's box
+    QStringList continuacao;         // and what did not fit there, as wide as the page
     std::vector<TPagina> paginas;
 };
 
@@ -78,6 +78,7 @@ void AdicionaisContinuacao(TPincel &p, const TPlano &plano, const TPagina &pagin
 
 // The items' table.
 TItemLinhas MedirItem(const TItem &item);
+QFont FonteAdicionais();
 double AlturaAdicContinuacao(int linhas);
 int LinhasAdicCabem(double altura);
 void Itens(TPincel &p, const TnfeProc &nfe, const TPlano &plano, const TPagina &pagina, bool primeira);
