@@ -9,7 +9,7 @@ using namespace TDanfePincel;
 namespace {
 
 constexpr double LarguraEmitente = 82, LarguraDanfe = 34, LarguraChave = Largura - LarguraEmitente - LarguraDanfe;
-constexpr double AlturaBarras = 12, AlturaChave = 8, AlturaIdentificacao = 34;
+constexpr double AlturaBarras = 12, AlturaChave = 8;
 
 void Emitente(TPincel &p, const TnfeProc &nfe, const QRectF &r)
 {

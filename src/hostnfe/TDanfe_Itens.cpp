@@ -34,7 +34,7 @@ constexpr std::array<TColuna, 14> Colunas = {{{"CÓDIGO PRODUTO", 15, Esq},
                                               {"VALOR IPI", 11, Dir},
                                               {"ALÍQ. ICMS", 9, Dir},
                                               {"ALÍQ. IPI", 9, Dir}}};
-constexpr double Folga = 0.5, Recuo = 0.6, AlturaTitulosColunas = 6;
+constexpr double Folga = 0.5, Recuo = 0.6;
 
 QFont FonteItem() { return Fonte(6, false, true); }
 

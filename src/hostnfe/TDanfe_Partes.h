@@ -13,9 +13,14 @@ namespace TDanfePartes {
 using TDanfePincel::TPincel;
 
 // Heights of the blocks, in millimetres, and where the items go on the first and later pages.
-constexpr double AlturaCanhoto = 16, EspacoCorte = 4, AlturaCabecalho = 48;
-constexpr double AlturaDestinatario = 24.5, AlturaImposto = 17.5, AlturaTransporte = 24.5;
-constexpr double AlturaTituloItens = 9.5, AlturaAdicionais = 31.5, LarguraInfCompl = 132;
+using TDanfePincel::AlturaCampo, TDanfePincel::AlturaTituloBloco;
+constexpr double AlturaCanhoto = 16, EspacoCorte = 4, AlturaIdentificacao = 34;
+constexpr double AlturaCabecalho = AlturaIdentificacao + 2 * AlturaCampo;
+constexpr double AlturaDestinatario = AlturaTituloBloco + 3 * AlturaCampo;
+constexpr double AlturaImposto = AlturaTituloBloco + 2 * AlturaCampo;
+constexpr double AlturaTransporte = AlturaTituloBloco + 3 * AlturaCampo;
+constexpr double AlturaTitulosColunas = 6, AlturaTituloItens = AlturaTituloBloco + AlturaTitulosColunas;
+constexpr double AlturaAdicionais = 31.5, LarguraInfCompl = 132;
 constexpr double TopoCabecalho(bool primeira)
 {
     return TDanfePincel::Margem + (primeira ? AlturaCanhoto + EspacoCorte : 0);
