@@ -64,8 +64,7 @@ bool TEmissorNFe::Emitir(int emprCod, int estacaoCod, int compraCod, int finalid
     if (!certificado) {
         const TOrigemCertificado origem = OrigemCertificado(emprCod);
         if (origem.arquivo.isEmpty())
-            return Falhar(erro, QStringLiteral("Indique o certificado A1 da empresa %1 (arquivo e senha) e tente novamente")
-                                    .arg(emprCod));
+            return Falhar(erro, MensagemSemCertificado);
         aberto = TCertificadoA1::Abrir(origem.arquivo, origem.senha, erro);
         if (!aberto)
             return false;

@@ -158,6 +158,8 @@ bool TNFeMontar_DBI::CarregarNota(int emprCod, int estacaoCod, int compraCod, in
     ide.tpAmb = Config::Valor(m_conexao, QStringLiteral("NFE_AMBIENTE")) == QLatin1String("1") ? 1 : 2;
     ide.finNFe = finalidade;
     ide.indPres = finalidade == 1 ? 9 : 0;
+    if (ide.indPres == 9)
+        ide.indIntermed = QStringLiteral("0");
     ide.procEmi = 0;
     ide.verProc = QStringLiteral("Pavrel " PAVREL_VERSAO);
 

@@ -41,6 +41,7 @@ struct TPess_Dest
 struct TNFeIde
 {
     QString cUF, cNF, natOp, cMunFG, verProc;
+    QString indIntermed;             // "0": no intermediary; empty where the presence needs none
     int mod = 55, serie = 0, tpNF = 0, idDest = 0, tpImp = 0, tpEmis = 0, cDV = 0, tpAmb = 0;
     int finNFe = 0, indFinal = 0, indPres = 0, procEmi = 0;
     qint64 nNF = 0;

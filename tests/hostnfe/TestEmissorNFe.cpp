@@ -198,7 +198,7 @@ TEST(NumeracaoNFe, CodigoAleatorioNuncaTrivialNemIgualAoNumero)
 TEST(NumeroNFe, DuasConexoesAoMesmoTempoNuncaRepetemEContinuamDoMaiorUsado)
 {
     TestDatabase db;
-    ASSERT_EQ(InserirNota(db, NotaTeste{.tipo = 35}), QString());
+    ASSERT_EQ(InserirNota(db, NotaTeste{.tipo = 35, .itens = {}}), QString());
     ASSERT_EQ(db.exec(QStringLiteral("update compra set nfe_num=41, serie='1'")), QString());
     QList<qint64> numeros[2];
     QString erros[2];
