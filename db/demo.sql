@@ -8,19 +8,19 @@
 
 INSERT INTO empr (
   empr_cod, raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1,
-  fone2, email
+  fone2, email, crt, cnae, im
 ) VALUES (
   1, 'Mercado Bom Preço Ltda', 'BOM PRECO CAMPINAS', '24587136000108', '244378126014',
   'Rua Barão de Jaguara', '1120', 'Loja 1', 'Centro', 'Campinas', '3509502', 'SP', '13015002',
-  '1932314455', '19991204410', 'fiscal@bompreco.com.br'
+  '1932314455', '19991204410', 'fiscal@bompreco.com.br', 3, '4711302', '102938475'
 );
 INSERT INTO empr (
   empr_cod, raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1,
-  fone2, email
+  fone2, email, crt, cnae, im
 ) VALUES (
   2, 'Empório Triângulo Comércio de Alimentos Ltda', 'EMPORIO TRIANGULO', '31650942000149',
   '7023184590063', 'Avenida Afonso Pena', '455', NULL, 'Centro', 'Uberlândia', '3170206', 'MG',
-  '38400128', '3432197700', NULL, 'contato@emporiotriangulo.com.br'
+  '38400128', '3432197700', NULL, 'contato@emporiotriangulo.com.br', 1, '4729699', NULL
 );
 
 -- Suppliers in SP and PR, a transporter, and the store itself as the party of
@@ -82,6 +82,11 @@ INSERT INTO config (chave, valor) VALUES ('REP_PRODUC_CUSTO_CRIA', 'N');
 INSERT INTO config (chave, valor) VALUES ('EST_CUS_ICMS_MODO', '2');
 INSERT INTO config (chave, valor) VALUES ('EST_CUS_IPI_MODO', '1');
 INSERT INTO config (chave, valor) VALUES ('REP_ROM_ORD_IMPR', 'S');
+-- NF-e in homologation, with the informative 2026 rates of CBS and IBS.
+INSERT INTO config (chave, valor) VALUES ('NFE_AMBIENTE', '2');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_CBS', '0.9');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_UF', '0.1');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_MUN', '0');
 
 INSERT INTO fisco_config (fisco_config_cod, inf_adic_fisco, inf_adic_contribuinte) VALUES (1, 'Empresa optante pelo regime normal de apuracao do ICMS.', 'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br');
 
