@@ -6,6 +6,12 @@
 
 #include <memory>
 
+// What the emitter says when the company has no certificate configured.
+inline const QString MensagemSemCertificado =
+    QStringLiteral("Indique o certificado digital da empresa (arquivo .pfx e senha)");
+// The organisation of every certificate made by GerarCertificadoTeste; Teste() looks for it.
+inline const QString OrganizacaoCertificadoTeste = QStringLiteral("PAVREL - CERTIFICADO DE TESTE");
+
 // The company's A1 certificate: a PKCS#12 file (older RC2-40 files too) with its private key.
 // Opaque OpenSSL objects stay inside; the signer and the TLS transport reach them through the
 // accessors.
@@ -17,9 +23,11 @@ public:
     TCertificadoA1 &operator=(const TCertificadoA1 &) = delete;
 
     // Null, with erro saying why in Portuguese ("Senha do certificado incorreta: FILE", "Não foi
-    // possível ler o certificado FILE: ..."), when the file cannot be opened.
+    // possível ler o certificado FILE: ..."), when the file cannot be opened. `nome` names the
+    // bytes' origin in those messages.
     static std::unique_ptr<TCertificadoA1> Abrir(const QString &arquivo, const QString &senha, QString *erro);
-    static std::unique_ptr<TCertificadoA1> AbrirDeBytes(const QByteArray &pkcs12, const QString &senha, QString *erro);
+    static std::unique_ptr<TCertificadoA1> AbrirDeBytes(const QByteArray &pkcs12, const QString &senha, QString *erro,
+                                                        const QString &nome = QString());
 
     // The CNPJ the certificate was issued to (ICP-Brasil otherName 2.16.76.1.3.3, else the
     // subject's CN "NAME:CNPJ"); empty when it carries none.
@@ -29,8 +37,10 @@ public:
     QDateTime ValidoAte() const;
     bool Teste() const;              // made by test-certificate: never accepted in production
 
-    // One clear refusal each: expired or not yet valid, CNPJ not the company's (compared as text
-    // after dropping the punctuation), a test certificate in production (tpAmb 1).
+    // One clear refusal each: expired or not yet valid, CNPJ not the company's, a test
+    // certificate in production (tpAmb 1). The CNPJs are compared as text, without punctuation,
+    // by their base (the first 8 characters), as the authority does: a branch signs with the
+    // head office's certificate.
     bool Aceitar(const QString &cnpjEmpresa, const QDateTime &agora, int tpAmb, QString *erro) const;
 
     QByteArray CertificadoDer() const;   // the X.509 certificate, DER

@@ -15,7 +15,7 @@ bool Carregar(TConexaoSQL &conexao, int empr_cod, TPess_Emit &emitente, QString 
     if (!conexao.Conectar())
         return falhar(QStringLiteral("Erro lendo a empresa %1: %2").arg(empr_cod).arg(conexao.UltimoErro()));
     const auto q = conexao.Ab(QStringLiteral(
-        "select raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1 "
+        "select raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1, crt, cnae, im "
         "from empr where empr_cod=%1").arg(empr_cod));
     const QString erroBanco = conexao.UltimoErro();
     conexao.Desconectar();
@@ -39,6 +39,9 @@ bool Carregar(TConexaoSQL &conexao, int empr_cod, TPess_Emit &emitente, QString 
     emitente.ender.UF = texto("uf");
     emitente.ender.CEP = texto("cep");
     emitente.ender.fone = texto("fone1");
+    emitente.CRT = q->FieldByName(QStringLiteral("crt")).AsInteger();
+    emitente.IM = texto("im");
+    emitente.CNAE = texto("cnae");
     return true;
 }
 

@@ -158,6 +158,11 @@ struct TNFeIBSCBSTot
     Money vBCIBSCBS, vIBSUF, vIBSMun, vIBS, vCredPres, vCBS;
 };
 
+struct TNFeReboque
+{
+    QString placa, UF, RNTC;
+};
+
 struct TNFeTransp
 {
     int modFrete = 9;
@@ -165,6 +170,8 @@ struct TNFeTransp
     QString placa, UFVeic;
     double qVol = 0, pesoL = 0, pesoB = 0;
     QString esp, marca, nVol;
+    QString RNTC;                    // of the vehicle
+    QList<TNFeReboque> reboque;      // trailers, at most 5
 };
 
 // The authority's answer attached to an authorised document (protNFe/infProt).
