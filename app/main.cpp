@@ -22,8 +22,9 @@ void erro(const QString &texto)
 const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--fiscal-folder",
                                    "--create-database", "--screenshot", "--certificate", "--certificate-password"};
 
-// What the command line asks for decides whether a display is needed at all.
-enum class Modo { Tela, Foto, SemTela };
+// What the command line asks for decides whether a display is needed at all. A command that
+// draws (the DANFE) needs the GUI's fonts and painting, never a display.
+enum class Modo { Tela, Foto, SemTela, Desenho };
 
 Modo modoDe(int argc, char **argv)
 {
@@ -38,6 +39,8 @@ Modo modoDe(int argc, char **argv)
             ++i;
             continue;
         }
+        if (arg == QLatin1String("danfe"))
+            return Modo::Desenho;
         if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
             || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")
             || !arg.startsWith(QLatin1Char('-')))
@@ -181,10 +184,12 @@ void prepararOpcoes(QCommandLineParser &parser)
 int main(int argc, char **argv)
 {
     const Modo modo = modoDe(argc, argv);
-    if (modo == Modo::Foto && qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    const bool semDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if ((modo == Modo::Foto && semDisplay) || (modo == Modo::Desenho && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::unique_ptr<QCoreApplication> app(modo == Modo::SemTela ? new QCoreApplication(argc, argv)
-                                                                : new QApplication(argc, argv));
+    std::unique_ptr<QCoreApplication> app(modo == Modo::SemTela   ? new QCoreApplication(argc, argv)
+                                          : modo == Modo::Desenho ? new QGuiApplication(argc, argv)
+                                                                  : new QApplication(argc, argv));
     QCoreApplication::setOrganizationName(QStringLiteral("Pavrel"));
     QCoreApplication::setApplicationName(QStringLiteral("pavrel"));
 
