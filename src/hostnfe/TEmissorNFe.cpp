@@ -57,7 +57,7 @@ bool TEmissorNFe::Emitir(int emprCod, int estacaoCod, int compraCod, int finalid
         return Falhar(erro, QStringLiteral("Não foi possivel conectar ao servidor. A NFe não foi gerada"));
     TnfeProc nfe;
     TNFeMontar_DBI montar(m_conexao);
-    if (!montar.Carregar(emprCod, estacaoCod, compraCod, finalidade, tipoCod, nfe, erro))
+    if (!montar.Carregar(emprCod, estacaoCod, compraCod, finalidade, tipoCod, true, nfe, erro))
         return false;
 
     std::unique_ptr<TCertificadoA1> aberto;
@@ -121,7 +121,7 @@ bool TEmissorNFe::Montar(int emprCod, int estacaoCod, int compraCod, int finalid
     if (!conectado.ok())
         return Falhar(erro, QStringLiteral("Não foi possivel conectar ao servidor. A NFe não foi gerada"));
     TNFeMontar_DBI montar(m_conexao);
-    if (!montar.Carregar(emprCod, estacaoCod, compraCod, finalidade, tipoCod, *nfe, erro))
+    if (!montar.Carregar(emprCod, estacaoCod, compraCod, finalidade, tipoCod, false, *nfe, erro))
         return false;
     const qint64 numero = montar.NumeroAnterior() > 0 ? montar.NumeroAnterior() : 1;
     const QString cNF = CNFAnterior(montar.ChaveAnterior(), numero);

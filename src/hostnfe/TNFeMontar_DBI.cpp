@@ -46,12 +46,12 @@ int ModFrete(const TQCampo &indice)
 
 } // namespace
 
-bool TNFeMontar_DBI::Carregar(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, TnfeProc &nfe,
-                              QString *erro)
+bool TNFeMontar_DBI::Carregar(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, bool emissao,
+                              TnfeProc &nfe, QString *erro)
 {
     nfe = TnfeProc{};
     nfe.versao = QStringLiteral("4.00");
-    if (!CarregarNota(emprCod, estacaoCod, compraCod, finalidade, tipoCod, nfe, erro)
+    if (!CarregarNota(emprCod, estacaoCod, compraCod, finalidade, tipoCod, emissao, nfe, erro)
         || !CarregarEmitente(emprCod, nfe, erro))
         return false;
     if (m_fornecCod > 0) {
@@ -91,7 +91,7 @@ bool TNFeMontar_DBI::Carregar(int emprCod, int estacaoCod, int compraCod, int fi
 }
 
 bool TNFeMontar_DBI::CarregarNota(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod,
-                                  TnfeProc &nfe, QString *erro)
+                                  bool emissao, TnfeProc &nfe, QString *erro)
 {
     const auto falhar = [&](const QString &texto) {
         if (erro)
@@ -110,9 +110,9 @@ bool TNFeMontar_DBI::CarregarNota(int emprCod, int estacaoCod, int compraCod, in
         return falhar(QStringLiteral("A nota %1 não existe").arg(compraCod));
     const auto campo = [&](const char *c) { return q->FieldByName(QLatin1String(c)); };
     const auto texto = [&](const char *c) { return campo(c).AsString().trimmed(); };
-    if (texto("cancelado") == QLatin1String("S"))
+    if (emissao && texto("cancelado") == QLatin1String("S"))
         return falhar(QStringLiteral("Esta venda foi cancelada. Não é possivel gerar o NFe"));
-    if (!texto("nfe_protocolo").isEmpty())
+    if (emissao && !texto("nfe_protocolo").isEmpty())
         return falhar(QStringLiteral("Esta venda já possui Protocolo NFE. Não pode mais ser enviada"));
 
     TNFeIde &ide = nfe.ide;

@@ -13,8 +13,9 @@ class TNFeMontar_DBI final
 public:
     explicit TNFeMontar_DBI(TConexaoSQL &conexao) : m_conexao(conexao) {}
 
-    // Everything but the number and the key (see Numerar). False with erro.
-    bool Carregar(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, TnfeProc &nfe,
+    // Everything but the number and the key (see Numerar). False with erro. For an issue
+    // (`emissao`) a cancelled note and one with a protocol are refused too.
+    bool Carregar(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, bool emissao, TnfeProc &nfe,
                   QString *erro);
 
     // What the note kept of an earlier issue: its number (0 when none) and key.
@@ -22,8 +23,8 @@ public:
     QString ChaveAnterior() const { return m_chaveAnterior; }
 
 private:
-    bool CarregarNota(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, TnfeProc &nfe,
-                      QString *erro);
+    bool CarregarNota(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod, bool emissao,
+                      TnfeProc &nfe, QString *erro);
     bool CarregarEmitente(int emprCod, TnfeProc &nfe, QString *erro);
     bool CarregarDestinatario(int fornecCod, TnfeProc &nfe, QString *erro);
     void CarregarTransportador(int fornecCod, TnfeProc &nfe);
