@@ -1,6 +1,7 @@
 #include "ComandosNFe.h"
 
 #include "ComandosHeadless.h"
+#include "Contexto.h"
 #include "PastaFiscal.h"
 #include "TBuscaArq.h"
 #include "TCertificadoA1.h"
@@ -162,6 +163,10 @@ int TestCertificate(const QStringList &argumentos, QTextStream &saida, QTextStre
     pedido.cnpj = cnpj;
     pedido.senha = parser.value(QStringLiteral("password"));
     pedido.legado = parser.isSet(QStringLiteral("legacy"));
+    // Valid from yesterday for a year of the program's clock, which is the one that checks it.
+    const QDateTime agora = Contexto::Atual().Agora();
+    pedido.validoDe = agora.addDays(-1);
+    pedido.validoAte = agora.addYears(1);
     QString erro;
     const QByteArray pkcs12 = GerarCertificadoTeste(pedido, &erro);
     if (pkcs12.isEmpty())

@@ -1,6 +1,7 @@
 #include "TCertificadoF.h"
 
 #include "Config.h"
+#include "Contexto.h"
 #include "Dialogos.h"
 #include "TCertificadoA1.h"
 
@@ -109,7 +110,7 @@ bool TCertificadoF::Testar()
                        QStringLiteral("Válido de %1 até %2")
                            .arg(certificado->ValidoDe().toLocalTime().toString(data),
                                 certificado->ValidoAte().toLocalTime().toString(data))};
-    if (certificado->ValidoAte() < QDateTime::currentDateTime())
+    if (certificado->ValidoAte() < Contexto::Atual().Agora())
         linhas << QStringLiteral("Atenção: o certificado está vencido");
     if (!m_cnpjEmpresa.isEmpty() && certificado->Cnpj() != m_cnpjEmpresa)
         linhas << QStringLiteral("Atenção: o CNPJ do certificado não é o da empresa (%1)").arg(m_cnpjEmpresa);
