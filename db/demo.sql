@@ -87,8 +87,8 @@ INSERT INTO config (chave, valor) VALUES ('NFE_AMBIENTE', '2');
 INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_CBS', '0.9');
 INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_UF', '0.1');
 INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_MUN', '0');
--- The last NF-e number of company 1, series 1: the return note gets 1532.
-INSERT INTO nfe_numero (empr_cod, serie, ultimo) VALUES (1, 1, 1531);
+-- The last NF-e number of company 1, series 1: the return note's.
+INSERT INTO nfe_numero (empr_cod, serie, ultimo) VALUES (1, 1, 1532);
 
 INSERT INTO fisco_config (fisco_config_cod, inf_adic_fisco, inf_adic_contribuinte) VALUES (1, 'Empresa optante pelo regime normal de apuracao do ICMS.', 'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br');
 
@@ -420,7 +420,8 @@ INSERT INTO prod_promo (empr_cod, prod_cod, dt_ini, dt_fim, preco_promo) VALUES 
 -- ---------------------------------------------------------------------------
 
 -- 1 cancelled purchase of shirts, 2 purchase imported from the NF-e XML of the
--- mill in PR (posted), 3 return of milk to VALE VERDE, ready for its NF-e (posted),
+-- mill in PR (posted), 3 return of milk to VALE VERDE, its NF-e numbered and
+-- waiting for authorisation (posted),
 -- 4 purchase typed by hand, 5 production of the bakery, 6 purchase of the
 -- second company.  Notes were typed at station 1 (company 2: station 2).
 INSERT INTO compra (
@@ -475,7 +476,8 @@ INSERT INTO compra (
   'DEVOLUCAO DE COMPRA PARA COMERCIALIZACAO', 4, NULL, NULL, NULL, NULL, NULL, NULL, NULL,
   'Empresa optante pelo regime normal de apuracao do ICMS. Devolucao referente a NF-e 98231 de 05/11/2026.',
   'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br',
-  '35261133810274000103550010000982311404177557', NULL, NULL, NULL, NULL, NULL, '55'
+  '35261133810274000103550010000982311404177557', NULL, 1532,
+  '35261124587136000108550010000015321719204669', NULL, '2026-11-12 15:20:47', '55'
 );
 INSERT INTO compra (
   empr_cod, estacao_cod, compra_cod, destin_empr_cod, tipo_cod, cancelado, baixado, dt_doc,

@@ -35,15 +35,6 @@ std::optional<QDate> lerData(const QString &texto)
     return std::nullopt;
 }
 
-// A refused command line: what was wrong, then how the command is used. Exit code 2.
-int recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
-{
-    if (!motivo.isEmpty())
-        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
-    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
-    return 2;
-}
-
 int indiceDe(const QString &valor, const QStringList &opcoes)
 {
     return int(opcoes.indexOf(valor.trimmed().toLower()));
@@ -63,7 +54,7 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     });
     const char *uso = "[--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim] "
                       "[--ndoc N] [--origin todas|manual|xml]";
-    const auto falha = [&erros, uso](const QString &texto) { return recusar(erros, QStringLiteral("notes"), texto, uso); };
+    const auto falha = [&erros, uso](const QString &texto) { return Recusar(erros, QStringLiteral("notes"), texto, uso); };
     if (!parser.parse(QStringList{QStringLiteral("notes")} + argumentos))
         return falha(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
@@ -150,11 +141,11 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
     parser.addPositionalArgument(QStringLiteral("note"), QStringLiteral("EEE-CCCCCCC, or E-S-C"));
     const char *uso = "EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)";
     if (!parser.parse(QStringList{comando} + argumentos))
-        return recusar(erros, comando, parser.errorText(), uso);
+        return Recusar(erros, comando, parser.errorText(), uso);
     const QStringList posicionais = parser.positionalArguments();
     const auto pedida = posicionais.size() == 1 ? LerNota(posicionais.first()) : std::nullopt;
     if (!pedida)
-        return recusar(erros, comando, QString(), uso);
+        return Recusar(erros, comando, QString(), uso);
     const QString texto = posicionais.first().trimmed();
 
     TDialogos *anteriores = TDialogos::Definido();
@@ -199,6 +190,13 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
 }
 
 } // namespace
+int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
+{
+    if (!motivo.isEmpty())
+        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
+    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
+    return 2;
+}
 
 std::optional<TChaveNota> LerNota(const QString &texto)
 {

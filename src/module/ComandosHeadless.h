@@ -15,6 +15,9 @@ namespace ComandosHeadless {
 
 int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &erros);
 
+// A refused command line: what was wrong (when said), then how the command is used. Exit code 2.
+int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso);
+
 // The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code. The
 // station is -1 when not given: any station.
 std::optional<TChaveNota> LerNota(const QString &texto);

@@ -25,14 +25,6 @@ namespace ComandosNFe {
 
 namespace {
 
-int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
-{
-    if (!motivo.isEmpty())
-        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
-    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
-    return 2;
-}
-
 int Falhar(QTextStream &erros, const QString &comando, const QString &motivo)
 {
     erros << "pavrel " << comando << ": " << motivo << Qt::endl;
@@ -65,11 +57,11 @@ int NfeXml(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("out"), QStringLiteral("copy of the signed XML"), QStringLiteral("FILE")});
     if (!parser.parse(QStringList{comando} + argumentos))
-        return Recusar(erros, comando, parser.errorText(), uso);
+        return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
     const QStringList posicionais = parser.positionalArguments();
     const auto pedida = posicionais.size() == 1 ? ComandosHeadless::LerNota(posicionais.first()) : std::nullopt;
     if (!pedida)
-        return Recusar(erros, comando, QString(), uso);
+        return ComandosHeadless::Recusar(erros, comando, QString(), uso);
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TRepD repD(conexao);
@@ -103,10 +95,10 @@ int Danfe(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("pdf"), QStringLiteral("the PDF to write"), QStringLiteral("FILE")});
     if (!parser.parse(QStringList{comando} + argumentos))
-        return Recusar(erros, comando, parser.errorText(), uso);
+        return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
     const QStringList posicionais = parser.positionalArguments();
     if (posicionais.size() != 1 || !parser.isSet(QStringLiteral("pdf")))
-        return Recusar(erros, comando, QString(), uso);
+        return ComandosHeadless::Recusar(erros, comando, QString(), uso);
     const QString alvo = posicionais.first().trimmed();
 
     QString xml = alvo;
@@ -114,7 +106,7 @@ int Danfe(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     if (!alvo.endsWith(QLatin1String(".xml"), Qt::CaseInsensitive) && !QFileInfo::exists(alvo)) {
         const auto pedida = ComandosHeadless::LerNota(alvo);
         if (!pedida)
-            return Recusar(erros, comando, QStringLiteral("nem nota nem arquivo: ") + alvo, uso);
+            return ComandosHeadless::Recusar(erros, comando, QStringLiteral("nem nota nem arquivo: ") + alvo, uso);
         TRepD repD(TConexD::Conexao());
         if (!ComandosHeadless::LerDoBanco(repD, *pedida, alvo, comando, erros))
             return 1;
@@ -148,16 +140,16 @@ int TestCertificate(const QStringList &argumentos, QTextStream &saida, QTextStre
         {QStringLiteral("legacy"), QStringLiteral("RC2-40 PKCS#12, as older tools write them")},
     });
     if (!parser.parse(QStringList{comando} + argumentos))
-        return Recusar(erros, comando, parser.errorText(), uso);
+        return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
     for (const char *opcao : {"cnpj", "out", "password"})
         if (!parser.isSet(QLatin1String(opcao)))
-            return Recusar(erros, comando, QStringLiteral("falta --") + QLatin1String(opcao), uso);
+            return ComandosHeadless::Recusar(erros, comando, QStringLiteral("falta --") + QLatin1String(opcao), uso);
     if (!parser.positionalArguments().isEmpty())
-        return Recusar(erros, comando, QStringLiteral("argumento inesperado: ") + parser.positionalArguments().first(), uso);
+        return ComandosHeadless::Recusar(erros, comando, QStringLiteral("argumento inesperado: ") + parser.positionalArguments().first(), uso);
     // The CNPJ as it is stored: punctuation dropped, letters upper-cased.
     const QString cnpj = parser.value(QStringLiteral("cnpj")).toUpper().remove(QRegularExpression(QStringLiteral("[./ -]")));
     if (!VerificaCadastro::CnpjValido(cnpj))
-        return Recusar(erros, comando, QStringLiteral("CNPJ inválido: ") + parser.value(QStringLiteral("cnpj")), uso);
+        return ComandosHeadless::Recusar(erros, comando, QStringLiteral("CNPJ inválido: ") + parser.value(QStringLiteral("cnpj")), uso);
 
     TPedidoCertificadoTeste pedido;
     pedido.cnpj = cnpj;
