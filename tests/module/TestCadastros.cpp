@@ -2,6 +2,7 @@
 #include "ItemEntradaTeste.h"
 #include "TCadastroF.h"
 
+#include <QAction>
 #include <QTimer>
 #include <QToolButton>
 
@@ -86,6 +87,27 @@ TEST_F(ItemEntrada, RegistersOpenedForTheItemAddWhatItOffers)
     ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
     ASSERT_EQ(itens().RecordCount(), 1);
     EXPECT_EQ(campo("prod_DESCR"), QStringLiteral("PRODUTO NOVO"));
+}
+
+TEST_F(ItemEntrada, SupplierAddedFromTheTabelasMenuIsOfferedForTheNote)
+{
+    abrir();
+    QAction *fornecedores = tela->Acao(QStringLiteral("FornecCadAct"));
+    ASSERT_TRUE(fornecedores->isEnabled());
+    EXPECT_EQ(fornecedores->property("Category").toString(), QStringLiteral("Tabelas"));
+    NoDialogo([](TCadastroF &f) {
+        f.Novo();
+        DigitarCampo(f, "nome_red", "NOVO CLIENTE");
+        DigitarCampo(f, "c", "529.982.247-25");
+        DigitarCampo(f, "uf", "rs");
+        DigitarCampo(f, "mun_ibge_cod", "4314902");
+        EXPECT_TRUE(f.Gravar());
+    });
+    fornecedores->trigger();
+    QApplication::setActiveWindow(tela.get());
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+    EXPECT_EQ(db.valor(QStringLiteral("select c || uf || transp from fornec where fornec_cod=3")), "52998224725RSN");
+    EXPECT_GE(h->FornecComboBox()->findText(QStringLiteral("NOVO CLIENTE")), 0);
 }
 
 TEST_F(TelaTeste, CompanyAndSupplierRegistersRefuseEachMistakeOnce)
