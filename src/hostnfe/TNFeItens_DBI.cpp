@@ -140,7 +140,7 @@ bool Carregar(TConexaoSQL &conexao, int emprCod, int compraCod, const TRegras &r
         it.nItem = nfe.itens.Count();
         it.cProd = texto("prod_cod");
         it.cEAN = it.cEANTrib = Gtin(texto("gtin"));
-        it.xProd = texto("prod_descr").isEmpty() ? texto("prod_descr_fornec") : texto("prod_descr");
+        it.xProd = (texto("prod_descr").isEmpty() ? texto("prod_descr_fornec") : texto("prod_descr")).left(120);
         it.NCM = SoDigitos(texto("ncm").isEmpty() ? texto("prod_ncm") : texto("ncm"));
         it.CFOP = SoDigitos(texto("cfop"));
         it.uCom = it.uTrib = texto("sigla");
@@ -164,7 +164,7 @@ bool Carregar(TConexaoSQL &conexao, int emprCod, int compraCod, const TRegras &r
         it.vFrete = m("frete").roundTo(2);
         it.vSeg = m("seguro").roundTo(2);
         it.vOutro = m("outras").roundTo(2);
-        it.infAdProd = texto("info_adic");
+        it.infAdProd = texto("info_adic").left(500);
 
         const int cst = q->FieldByName(QStringLiteral("trib_icms_cst")).AsInteger();
         LerICMS(*q, regras.CRT, cst, it.ICMS);

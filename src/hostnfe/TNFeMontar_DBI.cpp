@@ -74,20 +74,21 @@ bool TNFeMontar_DBI::Carregar(int emprCod, int estacaoCod, int compraCod, int fi
     if (nfe.ide.idDest != 3)
         nfe.ide.idDest = ufDest.isEmpty() || ufDest == nfe.emitente.ender.UF ? 1 : 2;
     TTotaisNFe::Totalizar(nfe);
+    // A complementary note carries only what it adds: its header has nothing to agree with.
+    return tipoCod == 39
+        || (Conferir(QStringLiteral("total de produtos"), m_totProds, nfe.ICMSTot.vProd, erro)
+            && Conferir(QStringLiteral("valor total"), m_tot, TTotaisNFe::TotalDaNota(nfe.ICMSTot, m_somarIPI), erro));
+}
 
-    const auto conferir = [&](const QString &oque, const QString &daNota, Money dosItens) {
-        const Money nota = Money::parse(daNota).value_or(Money()).roundTo(2);
-        if ((nota - dosItens).abs() <= Money::fromRaw(100))
-            return true;
-        if (erro)
-            *erro = QStringLiteral("O %1 da nota (%2) não confere com a soma dos itens (%3). Corrija e tente novamente")
-                        .arg(oque, Reais(nota), Reais(dosItens));
-        return false;
-    };
-    if (tipoCod == 39)
+bool TNFeMontar_DBI::Conferir(const QString &total, const QString &daNota, Money dosItens, QString *erro)
+{
+    const Money nota = Money::parse(daNota).value_or(Money()).roundTo(2);
+    if ((nota - dosItens).abs() <= Money::fromRaw(100))
         return true;
-    return conferir(QStringLiteral("total de produtos"), m_totProds, nfe.ICMSTot.vProd)
-        && conferir(QStringLiteral("valor total"), m_tot, TTotaisNFe::TotalDaNota(nfe.ICMSTot, m_somarIPI));
+    if (erro)
+        *erro = QStringLiteral("O %1 da nota (%2) não confere com a soma dos itens (%3). Corrija e tente novamente")
+                    .arg(total, Reais(nota), Reais(dosItens));
+    return false;
 }
 
 bool TNFeMontar_DBI::CarregarNota(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod,
@@ -102,8 +103,15 @@ bool TNFeMontar_DBI::CarregarNota(int emprCod, int estacaoCod, int compraCod, in
         return falhar(QStringLiteral("Não pode ser enviada NFe referente a uma ENTRADA"));
     if (tipoCod == 37)
         return falhar(QStringLiteral("Não pode ser enviada NFe referente a uma NOTA DE PRODUÇÃO"));
-    const auto q = m_conexao.Ab(QStringLiteral("select * from compra where empr_cod=%1 and estacao_cod=%2 and compra_cod=%3")
-                                    .arg(emprCod).arg(estacaoCod).arg(compraCod));
+    const auto q = m_conexao.Ab(
+        QStringLiteral("select cancelado, nfe_protocolo, nfe_num, nfe_chave, fornec_cod, transp_fornec_cod, tot_prods, tot,\r\n"
+                       "nat_op_str, serie, dth_sai, frete_modalidade, frete_vei_placa, frete_vei_uf, frete_vei_antt,\r\n"
+                       "frete_reboque1_placa, frete_reboque1_uf, frete_reboque1_antt, frete_reboque2_placa,\r\n"
+                       "frete_reboque2_uf, frete_reboque2_antt, frete_vols_qtd, frete_vols_especie, frete_vols_marca,\r\n"
+                       "frete_vols_num, frete_peso_liq, frete_peso_bruto, inf_adic_fisco, inf_adic_contribuinte,\r\n"
+                       "nfe_chave_ref, nfe_chave_ref2, nfe_chave_ref3, nfe_chave_ref4, nfe_chave_ref5\r\n"
+                       "from compra where empr_cod=%1 and estacao_cod=%2 and compra_cod=%3")
+            .arg(emprCod).arg(estacaoCod).arg(compraCod));
     if (!q)
         return falhar(QStringLiteral("Erro lendo a nota %1: %2").arg(compraCod).arg(m_conexao.UltimoErro()));
     if (q->IsEmpty())

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "Money.h"
+
 #include <QString>
 
 class TConexaoSQL;
@@ -28,6 +30,8 @@ private:
     bool CarregarEmitente(int emprCod, TnfeProc &nfe, QString *erro);
     bool CarregarDestinatario(int fornecCod, TnfeProc &nfe, QString *erro);
     void CarregarTransportador(int fornecCod, TnfeProc &nfe);
+    // A header total against the items' within a cent; the refusal names both.
+    static bool Conferir(const QString &total, const QString &daNota, Money dosItens, QString *erro);
 
     TConexaoSQL &m_conexao;
     qint64 m_numeroAnterior = 0;

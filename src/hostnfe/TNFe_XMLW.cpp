@@ -2,6 +2,7 @@
 
 #include "CamposNFe.h"
 
+#include <algorithm>
 #include <functional>
 
 namespace {
@@ -33,8 +34,11 @@ QString Ascii(char32_t c)
 // Money with exactly `casas` decimals, from the exact value.
 QByteArray Decimal(Money v, int casas)
 {
+    casas = std::clamp(casas, 0, 4);
     const Money r = v.roundTo(casas);
-    const qint64 escala = casas == 2 ? 100 : casas == 3 ? 1000 : casas == 4 ? 10000 : 1;
+    qint64 escala = 1;
+    for (int i = 0; i < casas; ++i)
+        escala *= 10;
     const qint64 raw = r.raw() / (10000 / escala);
     const quint64 abs = raw < 0 ? quint64(-raw) : quint64(raw);
     QByteArray t = QByteArray::number(abs / quint64(escala));
@@ -46,7 +50,7 @@ QByteArray Decimal(Money v, int casas)
 // Quantities and rates: `casas` decimals; unit values (10) only as many as they need, at least 2.
 QByteArray Decimal(double v, int casas)
 {
-    QByteArray t = QByteArray::number(v + 0.0, 'f', casas);
+    QByteArray t = QByteArray::number(v + 0.0, 'f', casas);   // + 0.0: no "-0"
     if (casas == 10) {
         while (t.endsWith('0') && t.size() - t.indexOf('.') > 3)
             t.chop(1);

@@ -1,4 +1,6 @@
 #include "BancoTeste.h"
+#include "CertificadosTeste.h"
+#include "TAssinadorNFe.h"
 #include "ChaveNFe.h"
 #include "Database.h"
 #include "NotasTeste.h"
@@ -11,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
+#include <QFile>
 #include <QSet>
 #include <QTemporaryDir>
 
@@ -50,33 +54,57 @@ protected:
 
 } // namespace
 
-TEST_F(EmissorNFe, CadaTipoEmitidoDaUmDocumentoQueValida)
+TEST_F(EmissorNFe, CadaTipoEmitidoValidaEAssinaturaConfereEReemitidoGuardaNumeroEChave)
 {
-    const struct { int tipo, finNFe, refs; } casos[] = {{35, 4, 1}, {36, 1, 1}, {38, 4, 1}, {41, 4, 1}, {39, 2, 1}};
+    const auto certificado = AbrirCertificadoTeste(QStringLiteral("11222333000181"));
+    ASSERT_TRUE(certificado);
+    // The test certificate is valid from yesterday on.
+    BancoTeste::FixarRelogio(QDateTime(QDate::currentDate(), QTime(10, 30)));
+    const struct { int tipo, finNFe; const char *sql, *grupoICMS; } casos[] = {
+        {35, 4, "", "ICMS00"}, {36, 1, "update compra_item_tmp set trib_icms_cst=60;", "ICMS60"}, {38, 4, "", "ICMS00"},
+        {41, 4, "update empr set crt=1; update compra_item_tmp set trib_icms_cst=102;", "ICMSSN102"},
+        {39, 2, "update empr set crt=4; update compra_item_tmp set trib_icms_cst=900, trib_icms_vbc=10, "
+                "trib_icms_picms=18, trib_icms_vicms=1.8;", "ICMSSN900"}};
     for (const auto &c : casos) {
         SCOPED_TRACE(c.tipo);
         TestDatabase db;
-        ASSERT_TRUE(db.ok()) << db.erro().toStdString();
+        QTemporaryDir fiscal;
+        Contexto::Atual().pastaFiscal = fiscal.path();
         ASSERT_EQ(NotaDeSaida(db, c.tipo, QStringLiteral("update compra_item_tmp set vipi=0.50, pipi=5 where compra_item_tmp_cod=2;"
-                                                       "update compra set ipi=0.5, tot=tot+0.5;")),
+                                                       "update compra set ipi=0.5, tot=tot+0.5;")
+                                            + QString::fromUtf8(c.sql)),
                   QString());
-        TnfeProc nfe;
+        TEmissorNFe emissor(db.conexao());
+        TNFeEmitida emitida;
         QString erro;
-        const QByteArray xml = Montar(db, c.tipo, &nfe, &erro);
-        ASSERT_FALSE(xml.isEmpty()) << erro.toStdString();
+        ASSERT_TRUE(emissor.Emitir(1, 1, 1, c.finNFe, c.tipo, certificado.get(), &emitida, &erro)) << erro.toStdString();
+        EXPECT_EQ(emitida.arquivo, fiscal.filePath(QStringLiteral("NFe_Said/%1/%2-nfe.xml").arg(QDate::currentDate().toString(u"yyyy/MM"), emitida.chave)));
+        QFile arquivo(emitida.arquivo);
+        ASSERT_TRUE(arquivo.open(QIODevice::ReadOnly));
+        const QByteArray xml = arquivo.readAll();
         EXPECT_TRUE(TValidadorNFe::Validar(xml, TValidadorNFe::TEsquema::NFe, &erro)) << erro.toStdString();
+        EXPECT_TRUE(TAssinadorNFe::Verificar(xml, &erro)) << erro.toStdString();
+        EXPECT_EQ(db.valor(QStringLiteral("select nfe_num || '/' || nfe_chave from compra")),
+                  QStringLiteral("1/") + emitida.chave);
+
+        TnfeProc nfe;
+        TNFe_XMLI leitor(nfe);
+        ASSERT_TRUE(leitor.ImportarDoTexto(xml, emitida.arquivo)) << leitor.Erro().toStdString();
         EXPECT_EQ(nfe.ide.finNFe, c.finNFe);
         EXPECT_EQ(nfe.ide.tpNF, 1);
-        EXPECT_EQ(nfe.ide.refNFe.size(), c.refs);
-        EXPECT_EQ(nfe.ide.tpAmb, 2);
+        EXPECT_EQ(nfe.ide.refNFe, QStringList{ChaveRef});
         EXPECT_EQ(nfe.destinatario.xNome, QStringLiteral("NF-E EMITIDA EM AMBIENTE DE HOMOLOGACAO - SEM VALOR FISCAL"));
         // A return gives the IPI back instead of charging it; either way the total carries it.
-        const TItem &comIPI = nfe.itens.GetItem(1);
-        EXPECT_EQ(comIPI.IPI.presente, c.finNFe != 4);
-        EXPECT_EQ(comIPI.vIPIDevol, c.finNFe == 4 ? Money::parse(u"0.5") : Money());
+        EXPECT_EQ(nfe.itens.GetItem(1).IPI.presente, c.finNFe != 4);
+        EXPECT_EQ(nfe.itens.GetItem(1).vIPIDevol, c.finNFe == 4 ? *Money::parse(u"0.5") : Money());
         EXPECT_EQ(nfe.ICMSTot.vNF, *Money::parse(u"17.85"));
-        EXPECT_EQ(nfe.chave.mid(25, 9), QStringLiteral("000000001"));
-        EXPECT_TRUE(ChaveNFe::DigitoConfere(nfe.chave));
+        EXPECT_EQ(nfe.itens.GetItem(0).ICMS.grupo, QLatin1String(c.grupoICMS));
+
+        TNFeEmitida deNovo;
+        ASSERT_TRUE(emissor.Emitir(1, 1, 1, c.finNFe, c.tipo, certificado.get(), &deNovo, &erro)) << erro.toStdString();
+        EXPECT_EQ(deNovo.numero, 1);
+        EXPECT_EQ(deNovo.chave, emitida.chave);
+        EXPECT_EQ(db.valor(QStringLiteral("select ultimo from nfe_numero")), QStringLiteral("1"));
     }
 }
 
@@ -124,11 +152,15 @@ TEST_F(EmissorNFe, RecusaAntesDeNumerarComUmaMensagemENaoMudaANota)
     }
 }
 
-TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactos)
+TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactosComOTransporte)
 {
     TestDatabase db;
     ASSERT_EQ(NotaDeSaida(db, 36,
-                          QStringLiteral("update compra set nat_op_str='REMESSA \"TESTE\" & <AMOSTRA> DE CAFÉ', "
+                          QStringLiteral("update compra set frete_modalidade=1, transp_fornec_cod=2, frete_vei_placa='ABC-1D23', "
+                                         "frete_vei_uf='PR', frete_reboque1_placa='XYZ9A87', frete_reboque1_uf='PR', "
+                                         "frete_vols_qtd=3, frete_vols_especie='CAIXA', frete_peso_liq=12.5, "
+                                         "frete_peso_bruto=13.25;"
+                                         "update compra set nat_op_str='REMESSA \"TESTE\" & <AMOSTRA> DE CAFÉ', "
                                          "inf_adic_contribuinte='Pedido nº 12 & ''urgente''' || ascii_char(10) || "
                                          "ascii_char(9) || 'até 5ª feira' || ascii_char(7);"
                                          "update prod set descr='CAFÉ D''OURO – “500g”' || ascii_char(1) where prod_cod=1;")),
@@ -145,21 +177,22 @@ TEST_F(EmissorNFe, AspasAcentosEControlesValidamEVoltamIntactos)
     EXPECT_EQ(lida.itens.GetItem(0).xProd, QStringLiteral("CAFÉ D'OURO - \"500g\""));
     EXPECT_EQ(lida.infCpl, QStringLiteral("Pedido nº 12 & 'urgente' até 5ª feira"));
     EXPECT_EQ(TextoXML(u"  a\u00A0 <b>  🙂c  "), QStringLiteral("a &lt;b&gt; c"));
+    EXPECT_EQ(lida.transp.modFrete, 0);
+    EXPECT_EQ(lida.transp.CNPJ, QStringLiteral("77888999000181"));
+    EXPECT_EQ(lida.transp.placa, QStringLiteral("ABC1D23"));
+    EXPECT_EQ(lida.transp.qVol, 3);
+    EXPECT_EQ(lida.transp.pesoB, 13.25);
 }
 
-TEST_F(EmissorNFe, NotaJaNumeradaGuardaNumeroEChave)
+TEST(NumeracaoNFe, CodigoAleatorioNuncaTrivialNemIgualAoNumero)
 {
-    TestDatabase db;
-    ASSERT_EQ(NotaDeSaida(db, 35), QString());
-    TnfeProc nfe;
-    QString erro;
-    ASSERT_FALSE(Montar(db, 35, &nfe, &erro).isEmpty()) << erro.toStdString();
-    NumeracaoNFe::Numerar(nfe, 77, QStringLiteral("31415926"));
-    ASSERT_EQ(db.exec(QStringLiteral("update compra set nfe_num=77, nfe_chave=") + QuotedStr(nfe.chave)), QString());
-    TnfeProc outra;
-    ASSERT_FALSE(Montar(db, 35, &outra, &erro).isEmpty()) << erro.toStdString();
-    EXPECT_EQ(outra.ide.nNF, 77);
-    EXPECT_EQ(outra.chave, nfe.chave);
+    for (int i = 0; i < 2000; ++i) {
+        const QString c = NumeracaoNFe::NovoCNF(12345678 + i % 2);
+        ASSERT_EQ(c.size(), 8);
+        EXPECT_NE(c.toLongLong(), 12345678 + i % 2);
+        EXPECT_NE(c, QString(8, c[0]));
+        EXPECT_FALSE(QStringLiteral("0123456789").contains(c) || QStringLiteral("9876543210").contains(c)) << c.toStdString();
+    }
 }
 
 TEST(NumeroNFe, DuasConexoesAoMesmoTempoNuncaRepetemEContinuamDoMaiorUsado)
@@ -206,4 +239,22 @@ TEST_F(EmissorNFe, DevolucaoDaLojaDeDemonstracaoValida)
     // Issued before: the same number and random code give back the key it already has.
     EXPECT_EQ(nfe.chave, QStringLiteral("35261124587136000108550010000015321719204669"));
     TConexaoSQL::FecharOciosas(banco.database);
+}
+
+TEST_F(EmissorNFe, DocumentoForaDoEsquemaGuardaSoONumeroENenhumArquivo)
+{
+    const auto certificado = AbrirCertificadoTeste(QStringLiteral("11222333000181"));
+    ASSERT_TRUE(certificado);
+    BancoTeste::FixarRelogio(QDateTime(QDate::currentDate(), QTime(10, 30)));
+    TestDatabase db;
+    QTemporaryDir fiscal;
+    Contexto::Atual().pastaFiscal = fiscal.path();
+    ASSERT_EQ(NotaDeSaida(db, 36, QStringLiteral("update compra_item_tmp set ncm='1234' where compra_item_tmp_cod=2;")), QString());
+    TEmissorNFe emissor(db.conexao());
+    QString erro;
+    EXPECT_FALSE(emissor.Emitir(1, 1, 1, 1, 36, certificado.get(), nullptr, &erro));
+    EXPECT_TRUE(erro.contains(QStringLiteral("NCM"))) << erro.toStdString();
+    EXPECT_EQ(db.valor(QStringLiteral("select nfe_num || '/' || coalesce(nfe_chave, 'sem chave') from compra")),
+              QStringLiteral("1/sem chave"));
+    EXPECT_FALSE(QDir(fiscal.filePath(QStringLiteral("NFe_Said"))).exists());
 }
