@@ -34,18 +34,9 @@ ArvoreAssinatura::TDocumento ArvoreAssinatura::LerDocumento(const QByteArray &xm
 
 xmlNodePtr ArvoreAssinatura::ElementoDoId(xmlDocPtr doc, const QByteArray &id)
 {
-    xmlNodePtr achado = nullptr;
-    Percorrer(xmlDocGetRootElement(doc), [&](xmlNodePtr n) {
-        xmlAttrPtr attr = xmlHasProp(n, BAD_CAST "Id");
-        xmlChar *valor = attr ? xmlNodeGetContent(reinterpret_cast<xmlNodePtr>(attr)) : nullptr;
-        if (!achado && valor && id == reinterpret_cast<const char *>(valor)) {
-            achado = n;
-            if (!xmlGetID(doc, valor))
-                xmlAddID(nullptr, doc, valor, attr);
-        }
-        xmlFree(valor);
-    });
-    return achado;
+    RegistrarIds(doc);
+    xmlAttrPtr attr = xmlGetID(doc, reinterpret_cast<const xmlChar *>(id.constData()));
+    return attr ? attr->parent : nullptr;
 }
 
 void ArvoreAssinatura::RegistrarIds(xmlDocPtr doc)

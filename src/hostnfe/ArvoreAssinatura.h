@@ -17,7 +17,7 @@ using TDocumento = std::unique_ptr<xmlDoc, TLiberaDoc>;
 
 // Null when the bytes are not well-formed XML. No network, no messages on the console.
 TDocumento LerDocumento(const QByteArray &xml);
-// The element whose attribute Id is `id`, registered as an XML ID so "#id" reaches it.
+// The element whose attribute Id is `id`; every Id is registered as an XML ID, so "#id" reaches it.
 xmlNodePtr ElementoDoId(xmlDocPtr doc, const QByteArray &id);
 // Every Id attribute registered as an XML ID (the schema that would declare them is not loaded).
 void RegistrarIds(xmlDocPtr doc);

@@ -117,14 +117,17 @@ QByteArray GerarCertificadoTeste(const TPedidoCertificadoTeste &pedido, QString 
     const QByteArray senha = pedido.senha.toUtf8();
     const int cifraChave = pedido.legado ? NID_pbe_WithSHA1And3_Key_TripleDES_CBC : 0;
     const int cifraCertificados = pedido.legado ? NID_pbe_WithSHA1And40BitRC2_CBC : 0;
+    // The old files also carry a SHA-1 MAC.
     TPkcs12 p12(PKCS12_create(senha.constData(), pedido.nome.toUtf8().constData(), chave.get(), cert.get(),
-                              cadeia, cifraChave, cifraCertificados, 0, 0, 0));
+                              cadeia, cifraChave, cifraCertificados, 0, pedido.legado ? -1 : 0, 0));
     sk_X509_free(cadeia);
-    if (!p12)
-        {
-            Falhar(erro, QStringLiteral("arquivo PKCS#12"));
-            return {};
-        }
+    if (p12 && pedido.legado
+        && !PKCS12_set_mac(p12.get(), senha.constData(), -1, nullptr, 0, PKCS12_DEFAULT_ITER, EVP_sha1()))
+        p12.reset();
+    if (!p12) {
+        Falhar(erro, QStringLiteral("arquivo PKCS#12"));
+        return {};
+    }
     TBio saida(BIO_new(BIO_s_mem()));
     i2d_PKCS12_bio(saida.get(), p12.get());
     return BytesDoBio(saida.get());

@@ -49,6 +49,13 @@ QString Onde(const xmlNode *no, const QString &atributo)
     return QStringLiteral("Elemento ") + Local(no);
 }
 
+// A long text (a whole infCpl) cut short so the line stays readable.
+QString Curto(const QString &valor)
+{
+    constexpr int kMaximo = 60;
+    return valor.size() <= kMaximo ? valor : valor.left(kMaximo) + QStringLiteral("...");
+}
+
 QString Valor(const xmlNode *no)
 {
     if (!no)
@@ -131,6 +138,7 @@ QString ErroEsquema::Descrever(const xmlError &erro)
         valor = Valor(no);
     else if (comprimento)
         regra = Texto(erro.str3);
+    valor = Curto(valor);
     switch (erro.code) {
     case XML_SCHEMAV_CVC_PATTERN_VALID:
         return QStringLiteral("%1: o valor '%2' não segue o formato exigido (%3)").arg(onde, valor, regra);

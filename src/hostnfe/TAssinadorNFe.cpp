@@ -100,6 +100,22 @@ xmlNodePtr ModeloAssinatura(xmlDocPtr doc, const QByteArray &uri)
     return assinatura;
 }
 
+// What a document may ask of the verifier: references inside the document, the
+// canonicalisations and digests of the NF-e profile (and their SHA-256 successors), nothing that
+// reaches out of the document or runs code (XSLT, XPath).
+bool PermitirSoOPerfilDaNFe(xmlSecDSigCtxPtr ctx)
+{
+    ctx->enabledReferenceUris = xmlSecTransformUriTypeSameDocument;
+    bool ok = true;
+    for (xmlSecTransformId id : {xmlSecTransformEnvelopedId, xmlSecTransformInclC14NId, xmlSecTransformInclC14NWithCommentsId,
+                                 xmlSecTransformExclC14NId, xmlSecTransformSha1Id, xmlSecTransformSha256Id})
+        ok = ok && xmlSecDSigCtxEnableReferenceTransform(ctx, id) >= 0;
+    for (xmlSecTransformId id : {xmlSecTransformInclC14NId, xmlSecTransformInclC14NWithCommentsId, xmlSecTransformExclC14NId,
+                                 xmlSecTransformRsaSha1Id, xmlSecTransformRsaSha256Id})
+        ok = ok && xmlSecDSigCtxEnableSignatureTransform(ctx, id) >= 0;
+    return ok;
+}
+
 } // namespace
 
 bool TAssinadorNFe::Assinar(const QByteArray &xml, const QString &id, const TCertificadoA1 &certificado,
@@ -166,11 +182,12 @@ bool TAssinadorNFe::Verificar(const QByteArray &xml, QString *erro)
             return Falhar(erro, QStringLiteral("Memória insuficiente para verificar a assinatura"));
         // The signer's own certificate is the key; its chain is not this check's business.
         ctx->keyInfoReadCtx.flags |= XMLSEC_KEYINFO_FLAGS_X509DATA_DONT_VERIFY_CERTS;
-        ctx->enabledReferenceUris = xmlSecTransformUriTypeSameDocument;
+        if (!PermitirSoOPerfilDaNFe(ctx.get()))
+            return Falhar(erro, QStringLiteral("Memória insuficiente para verificar a assinatura"));
         const QString uri = UriDaReferencia(assinatura);
         if (xmlSecDSigCtxVerify(ctx.get(), assinatura) < 0)
             return Falhar(erro, QStringLiteral("Não foi possível verificar a assinatura de '%1': falta o certificado "
-                                               "ou o elemento assinado, ou a assinatura está mal formada").arg(uri));
+                                               "ou o elemento assinado, ou a assinatura tem uma forma não aceita").arg(uri));
         if (ctx->status == xmlSecDSigStatusSucceeded)
             continue;
         for (xmlSecSize i = 0; i < xmlSecPtrListGetSize(&ctx->signedInfoReferences); ++i) {

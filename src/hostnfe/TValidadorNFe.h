@@ -18,6 +18,8 @@ enum class TEsquema {
 // True when the document is valid. Otherwise false and erro holds one Portuguese line naming the
 // element and the rule it broke (the value, the pattern or the expected element), e.g.
 // "Elemento 'NCM' (item 3): o valor '1234' não segue o formato exigido ([0-9]{2}|[0-9]{8})".
+// An NFe still to be signed passes when its Signature is all it lacks. The schemas are compiled
+// in (src/hostnfe/esquemas, as Qt resources); tools that want files use that source folder.
 bool Validar(const QByteArray &xml, TEsquema esquema, QString *erro);
 
 } // namespace TValidadorNFe

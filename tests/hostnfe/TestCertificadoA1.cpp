@@ -1,4 +1,5 @@
 #include "CertificadosTeste.h"
+#include "Config.h"
 #include "TCertificadoA1.h"
 
 #include <gtest/gtest.h>
@@ -89,4 +90,18 @@ TEST(CertificadoA1, AceitarRecusaCadaCasoComSuaMensagem)
         EXPECT_EQ(a1->Aceitar(c.cnpj, c.agora, c.tpAmb, &erro), c.esperado.isEmpty()) << c.caso;
         EXPECT_EQ(erro, c.esperado) << c.caso;
     }
+}
+
+TEST(CertificadoA1, OrigemPrimeiroDoAmbienteDepoisDaEmpresa)
+{
+    ConfigGravarStr(QStringLiteral("NFE_CERTIFICADO_3"), QStringLiteral("/certificados/empresa3.pfx"));
+    ConfigGravarStr(QStringLiteral("NFE_CERTIFICADO_SENHA_3"), QStringLiteral("senha3"));
+    qunsetenv("PAVREL_CERTIFICADO");
+    EXPECT_EQ(OrigemCertificado(3).arquivo + OrigemCertificado(3).senha, QStringLiteral("/certificados/empresa3.pfxsenha3"));
+    EXPECT_TRUE(OrigemCertificado(4).arquivo.isEmpty());
+    qputenv("PAVREL_CERTIFICADO", "/linha/de/comando.pfx");
+    qputenv("PAVREL_CERTIFICADO_SENHA", "da linha");
+    EXPECT_EQ(OrigemCertificado(3).arquivo + OrigemCertificado(3).senha, QStringLiteral("/linha/de/comando.pfxda linha"));
+    qunsetenv("PAVREL_CERTIFICADO");
+    qunsetenv("PAVREL_CERTIFICADO_SENHA");
 }

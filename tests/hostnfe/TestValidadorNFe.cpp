@@ -35,6 +35,8 @@ TEST(ValidadorNFe, DocumentoValidoPassaEQuebradosDizemOElementoEARegra)
     QString erro;
     ASSERT_TRUE(TValidadorNFe::Validar(valido, TEsquema::NFe, &erro)) << erro.toStdString();
 
+    const QByteArray longo = "<xProd>" + QByteArray(121, 'x') + "</xProd>";
+    const QByteArray longoErro = "Elemento 'xProd' (item 1): o valor '" + QByteArray(60, 'x') + "...' deve ter no máximo 120 caracteres";
     const struct { const char *caso, *de, *para, *esperado; } casos[] = {
         {"padrão", "<NCM>[^<]*</NCM>", "<NCM>1234</NCM>",
          "Elemento 'NCM' (item 1): o valor '1234' não segue o formato exigido ([0-9]{2}|[0-9]{8})"},
@@ -42,6 +44,7 @@ TEST(ValidadorNFe, DocumentoValidoPassaEQuebradosDizemOElementoEARegra)
          "Elemento 'tpNF': o valor '7' não é um dos valores aceitos (0, 1)"},
         {"tamanho", "<xNome>[^<]*</xNome>", "<xNome>A</xNome>",
          "Elemento 'xNome': o valor 'A' deve ter ao menos 2 caracteres"},
+        {"texto longo", "<xProd>[^<]*</xProd>", longo.constData(), longoErro.constData()},
         {"falta", "<modFrete>9</modFrete>", "", "Em 'transp': falta o elemento 'modFrete'"},
         {"inesperado", "</cProd>", "</cProd><cProdX>1</cProdX>",
          "Em 'prod' (item 1): o elemento 'cProdX' não é esperado aqui; esperado: 'cEAN'"},
@@ -54,7 +57,9 @@ TEST(ValidadorNFe, DocumentoValidoPassaEQuebradosDizemOElementoEARegra)
         EXPECT_FALSE(TValidadorNFe::Validar(Trocar(valido, c.de, c.para), TEsquema::NFe, &erro)) << c.caso;
         EXPECT_TRUE(erro.startsWith(QString::fromUtf8(c.esperado))) << c.caso << ": " << erro.toStdString();
     }
-    // Without its Signature only the NFe passes; an authorised document must carry one.
-    EXPECT_FALSE(TValidadorNFe::Validar(valido, TEsquema::ProcNFe, &erro));
-    EXPECT_EQ(erro, QStringLiteral("O documento não é do tipo esperado (elemento raiz 'NFe')"));
+    // Every schema set loads from the program's own copy and refuses a stranger.
+    for (TEsquema e : {TEsquema::ProcNFe, TEsquema::EventoCanc, TEsquema::EventoCCe}) {
+        EXPECT_FALSE(TValidadorNFe::Validar(valido, e, &erro));
+        EXPECT_EQ(erro, QStringLiteral("O documento não é do tipo esperado (elemento raiz 'NFe')"));
+    }
 }
