@@ -9,7 +9,7 @@ using namespace TDanfePincel;
 namespace {
 
 constexpr double LarguraEmitente = 82, LarguraDanfe = 34, LarguraChave = Largura - LarguraEmitente - LarguraDanfe;
-constexpr double AlturaBarras = 12, AlturaChave = 8, AlturaIdentificacao = 34;
+constexpr double AlturaBarras = 12, AlturaChave = 8;
 
 void Emitente(TPincel &p, const TnfeProc &nfe, const QRectF &r)
 {
@@ -19,8 +19,13 @@ void Emitente(TPincel &p, const TnfeProc &nfe, const QRectF &r)
     p.Texto(QRectF(dentro.left(), dentro.top(), dentro.width(), AlturaLinha(ft)), QStringLiteral("IDENTIFICAÇÃO DO EMITENTE"), ft);
     const TPess_Emit &e = nfe.emitente;
     const TNFeEndereco &end = e.ender;
-    const QFont fn = Fonte(9, true);
-    const QStringList nome = Quebrar(fn, e.xNome, dentro.width(), 2);
+    // A long name gets smaller letters before it gets cut.
+    QFont fn = Fonte(9, true);
+    QStringList nome = Quebrar(fn, e.xNome, dentro.width());
+    if (nome.size() > 2) {
+        fn = Fonte(7.5, true);
+        nome = Quebrar(fn, e.xNome, dentro.width(), 3);
+    }
     QString logradouro = end.xLgr + (end.nro.isEmpty() ? QString() : QStringLiteral(", ") + end.nro);
     if (!end.xCpl.isEmpty())
         logradouro += QStringLiteral(" - ") + end.xCpl;
@@ -89,11 +94,11 @@ void Canhoto(TPincel &p, const TnfeProc &nfe)
     constexpr double LarguraNumero = 38, Meio = AlturaCanhoto / 2;
     const double topo = Margem, largura = Largura - LarguraNumero;
     p.Retangulo(QRectF(Esquerda, topo, largura, Meio));
-    const QFont f = Fonte(6);
+    const QFont f = Fonte(5.5);
     const QString texto = QStringLiteral("RECEBEMOS DE %1 OS PRODUTOS CONSTANTES DA NOTA FISCAL INDICADA AO LADO\n"
-                                         "EMISSÃO: %2 - DESTINATÁRIO: %3 - VALOR TOTAL: R$ %4")
-                              .arg(nfe.emitente.xNome, Data(nfe.ide.dhEmi), nfe.destinatario.xNome, Dinheiro(nfe.ICMSTot.vNF));
-    p.Linhas(QRectF(Esquerda + 1, topo + 0.8, largura - 2, Meio - 1), Quebrar(f, texto, largura - 2, 3), f);
+                                         "EMISSÃO: %2 - VALOR TOTAL: R$ %3 - DESTINATÁRIO: %4")
+                              .arg(nfe.emitente.xNome, Data(nfe.ide.dhEmi), Dinheiro(nfe.ICMSTot.vNF), nfe.destinatario.xNome);
+    p.Linhas(QRectF(Esquerda + 1, topo + 0.6, largura - 2, Meio - 0.8), Quebrar(f, texto, largura - 2), f);
     p.Campo(QRectF(Esquerda, topo + Meio, 40, Meio), QStringLiteral("DATA DE RECEBIMENTO"), QString());
     p.Campo(QRectF(Esquerda + 40, topo + Meio, largura - 40, Meio), QStringLiteral("IDENTIFICAÇÃO E ASSINATURA DO RECEBEDOR"),
             QString());

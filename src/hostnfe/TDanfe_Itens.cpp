@@ -21,9 +21,9 @@ struct TColuna
 constexpr Qt::Alignment Esq = Qt::AlignLeft, Centro = Qt::AlignHCenter, Dir = Qt::AlignRight;
 // The widths add up to the page's printable width.
 constexpr std::array<TColuna, 14> Colunas = {{{"CÓDIGO PRODUTO", 15, Esq},
-                                              {"DESCRIÇÃO DO PRODUTO / SERVIÇO", 52, Esq},
+                                              {"DESCRIÇÃO DO PRODUTO / SERVIÇO", 51, Esq},
                                               {"NCM/SH", 12, Centro},
-                                              {"O/CST", 8, Centro},
+                                              {"O/CST", 9, Centro},
                                               {"CFOP", 7.5, Centro},
                                               {"UN", 7, Centro},
                                               {"QUANT.", 13, Dir},
@@ -34,7 +34,7 @@ constexpr std::array<TColuna, 14> Colunas = {{{"CÓDIGO PRODUTO", 15, Esq},
                                               {"VALOR IPI", 11, Dir},
                                               {"ALÍQ. ICMS", 9, Dir},
                                               {"ALÍQ. IPI", 9, Dir}}};
-constexpr double Folga = 0.5, Recuo = 0.6, AlturaTitulosColunas = 6;
+constexpr double Folga = 0.5, Recuo = 0.6;
 
 QFont FonteItem() { return Fonte(6, false, true); }
 

@@ -13,9 +13,14 @@ namespace TDanfePartes {
 using TDanfePincel::TPincel;
 
 // Heights of the blocks, in millimetres, and where the items go on the first and later pages.
-constexpr double AlturaCanhoto = 16, EspacoCorte = 4, AlturaCabecalho = 48;
-constexpr double AlturaDestinatario = 24.5, AlturaImposto = 17.5, AlturaTransporte = 24.5;
-constexpr double AlturaTituloItens = 9.5, AlturaAdicionais = 31.5, LarguraInfCompl = 132;
+using TDanfePincel::AlturaCampo, TDanfePincel::AlturaTituloBloco;
+constexpr double AlturaCanhoto = 16, EspacoCorte = 4, AlturaIdentificacao = 34;
+constexpr double AlturaCabecalho = AlturaIdentificacao + 2 * AlturaCampo;
+constexpr double AlturaDestinatario = AlturaTituloBloco + 3 * AlturaCampo;
+constexpr double AlturaImposto = AlturaTituloBloco + 2 * AlturaCampo;
+constexpr double AlturaTransporte = AlturaTituloBloco + 3 * AlturaCampo;
+constexpr double AlturaTitulosColunas = 6, AlturaTituloItens = AlturaTituloBloco + AlturaTitulosColunas;
+constexpr double AlturaAdicionais = 31.5, LarguraInfCompl = 132;
 constexpr double TopoCabecalho(bool primeira)
 {
     return TDanfePincel::Margem + (primeira ? AlturaCanhoto + EspacoCorte : 0);
@@ -40,15 +45,15 @@ struct TPagina
 {
     int itemIni = 0, itemFim = 0;    // items [itemIni, itemFim)
     double fimItens = 0;             // where the items' frame ends
-    int adicIni = 0, adicFim = 0;    // lines of additional data continued on this page
+    int adicIni = 0, adicFim = 0;    // lines of the continuation on this page
     double topoAdic = 0;
 };
 
 struct TPlano
 {
     std::vector<TItemLinhas> itens;
-    QStringList adicionais;          // every line of the additional data
-    int adicNaPrimeira = 0;          // how many of them the first page's box holds
+    QStringList adicionais;          // the additional data in the first page's box
+    QStringList continuacao;         // and what did not fit there, as wide as the page
     std::vector<TPagina> paginas;
 };
 
@@ -78,6 +83,7 @@ void AdicionaisContinuacao(TPincel &p, const TPlano &plano, const TPagina &pagin
 
 // The items' table.
 TItemLinhas MedirItem(const TItem &item);
+QFont FonteAdicionais();
 double AlturaAdicContinuacao(int linhas);
 int LinhasAdicCabem(double altura);
 void Itens(TPincel &p, const TnfeProc &nfe, const TPlano &plano, const TPagina &pagina, bool primeira);

@@ -139,12 +139,12 @@ void TPincel::Texto(const QRectF &r, const QString &texto, const QFont &fonte, Q
 void TPincel::Linhas(const QRectF &r, const QStringList &linhas, const QFont &fonte, Qt::Alignment alinhamento)
 {
     const double h = AlturaLinha(fonte);
-    double y = r.top();
-    for (const QString &linha : linhas) {
-        if (y + h > r.bottom() + 0.01)
-            break;
-        Texto(QRectF(r.left(), y, r.width(), h), linha, fonte, alinhamento & Qt::AlignHorizontal_Mask);
-        y += h;
+    const auto cabem = qsizetype(std::floor((r.height() + 0.01) / h));
+    for (qsizetype i = 0; i < linhas.size() && i < cabem; ++i) {
+        // The last line that fits says that more was left out.
+        const bool corta = i + 1 == cabem && i + 1 < linhas.size();
+        Texto(QRectF(r.left(), r.top() + double(i) * h, r.width(), h),
+              corta ? linhas[i] + QStringLiteral(" …") : linhas[i], fonte, alinhamento & Qt::AlignHorizontal_Mask);
     }
 }
 
@@ -192,17 +192,17 @@ void TPincel::Barras(const QRectF &r, const std::vector<int> &larguras)
 
 void TPincel::MarcaDagua(const QRectF &r, const QString &texto)
 {
-    QFont f = Fonte(40, true);
     QPainterPath caminho;
-    caminho.addText(0, 0, f, texto);
+    caminho.addText(0, 0, Fonte(40, true), texto);
     const QRectF limites = caminho.boundingRect();
-    const double angulo = -std::atan2(r.height(), r.width()) * 180 / M_PI;
-    const double diagonal = std::hypot(r.width(), r.height());
-    const double fator = std::min(diagonal * 0.75 / (limites.width() / Escala), 2.0) / Escala;
+    // As large as fits in `r` once turned by 30 degrees.
+    const double w = limites.width() / Escala, h = limites.height() / Escala;
+    const double seno = 0.5, cosseno = std::sqrt(3.0) / 2;
+    const double fator = 0.9 * std::min(r.width() / (w * cosseno + h * seno), r.height() / (w * seno + h * cosseno));
     m_p.save();
     m_p.translate(r.center());
-    m_p.rotate(std::max(angulo, -35.0));
-    m_p.scale(fator, fator);
+    m_p.rotate(-30);
+    m_p.scale(fator / Escala, fator / Escala);
     m_p.translate(-limites.center());
     m_p.setPen(Qt::NoPen);
     m_p.setBrush(QColor(0, 0, 0, 40));

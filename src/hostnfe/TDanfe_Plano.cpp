@@ -86,8 +86,24 @@ TPlano Planejar(const TnfeProc &nfe)
     for (int i = 0; i < n; ++i)
         plano.itens.push_back(MedirItem(nfe.itens.GetItem(i)));
 
-    plano.adicionais = Quebrar(Fonte(6), TextoAdicionais(nfe), LarguraInfCompl - 1.6);
-    plano.adicNaPrimeira = std::min<int>(int(plano.adicionais.size()), LinhasAdicCabem(AlturaAdicionais - AlturaTituloBloco));
+    // The first page's box takes whole lines; the rest is laid out again as wide as the page.
+    const int cabemNaPrimeira = LinhasAdicCabem(AlturaAdicionais - AlturaTituloBloco);
+    QString resto;
+    bool cortou = false;
+    for (const QString &paragrafo : TextoAdicionais(nfe).split(QLatin1Char('\n'))) {
+        if (cortou) {
+            resto += QLatin1Char('\n') + paragrafo;
+            continue;
+        }
+        const QStringList linhas = Quebrar(FonteAdicionais(), paragrafo, LarguraInfCompl - 1.6);
+        const qsizetype k = std::min(linhas.size(), cabemNaPrimeira - plano.adicionais.size());
+        plano.adicionais += linhas.mid(0, k);
+        if (k < linhas.size()) {
+            resto = linhas.mid(k).join(QLatin1Char(' '));
+            cortou = true;
+        }
+    }
+    plano.continuacao = Quebrar(FonteAdicionais(), resto, Largura - 1.6);
 
     bool primeira = true;
     double y = TopoItens(true);
@@ -107,10 +123,10 @@ TPlano Planejar(const TnfeProc &nfe)
     plano.paginas.back().fimItens = FimItens(primeira);
 
     // What the first page's box cannot hold continues after the last item, on new pages if need be.
-    int linha = plano.adicNaPrimeira;
+    int linha = 0;
     bool naAtual = plano.paginas.size() > 1;   // never on the first page, whose box is full
     double topo = y + 1;
-    while (linha < plano.adicionais.size()) {
+    while (linha < plano.continuacao.size()) {
         int cabem = naAtual ? LinhasAdicCabem(FimItens(false) - topo - AlturaTituloBloco) : 0;
         if (cabem < 1) {
             novaPagina(n);
@@ -121,7 +137,7 @@ TPlano Planejar(const TnfeProc &nfe)
         }
         TPagina &pagina = plano.paginas.back();
         pagina.adicIni = linha;
-        pagina.adicFim = linha = std::min<int>(int(plano.adicionais.size()), linha + cabem);
+        pagina.adicFim = linha = std::min<int>(int(plano.continuacao.size()), linha + cabem);
         pagina.topoAdic = topo + AlturaTituloBloco;
         naAtual = false;
     }

@@ -47,8 +47,6 @@ QString ModalidadeFrete(int modFrete)
 
 QString Peso(double valor) { return valor == 0 ? QString() : Decimal(valor, 3); }
 
-QFont FonteAdicionais() { return Fonte(6); }
-
 } // namespace
 
 void Destinatario(TPincel &p, const TnfeProc &nfe, double topo)
@@ -103,6 +101,8 @@ void Transporte(TPincel &p, const TnfeProc &nfe, double topo)
              {"PESO LÍQUIDO", Peso(t.pesoL), 34, Dir}});
 }
 
+QFont FonteAdicionais() { return Fonte(6); }
+
 int LinhasAdicCabem(double altura)
 {
     const double livre = altura - 0.8 - AlturaLinha(FonteTitulo()) - 0.6;
@@ -131,7 +131,7 @@ void Adicionais(TPincel &p, const TPlano &plano)
     p.TituloBloco(y, QStringLiteral("DADOS ADICIONAIS"));
     const double h = AlturaAdicionais - AlturaTituloBloco;
     CaixaAdicional(p, QRectF(Esquerda, y, LarguraInfCompl, h), QStringLiteral("INFORMAÇÕES COMPLEMENTARES"),
-                   plano.adicionais.mid(0, plano.adicNaPrimeira));
+                   plano.adicionais);
     p.Campo(QRectF(Esquerda + LarguraInfCompl, y, Largura - LarguraInfCompl, h), QStringLiteral("RESERVADO AO FISCO"),
             QString());
 }
@@ -143,7 +143,7 @@ void AdicionaisContinuacao(TPincel &p, const TPlano &plano, const TPagina &pagin
     const int n = pagina.adicFim - pagina.adicIni;
     p.TituloBloco(pagina.topoAdic, QStringLiteral("DADOS ADICIONAIS (CONTINUAÇÃO)"));
     CaixaAdicional(p, QRectF(Esquerda, pagina.topoAdic, Largura, AlturaAdicContinuacao(n)),
-                   QStringLiteral("INFORMAÇÕES COMPLEMENTARES"), plano.adicionais.mid(pagina.adicIni, n));
+                   QStringLiteral("INFORMAÇÕES COMPLEMENTARES"), plano.continuacao.mid(pagina.adicIni, n));
 }
 
 } // namespace TDanfePartes

@@ -81,37 +81,48 @@ TnfeProc DoXml(const TnfeProc &original)
     return nfe;
 }
 
-TEST(TDanfe, CentoEVinteItensEmVariasFolhasSemPerderNemRepetir)
+QString Num(int i) { return QStringLiteral("%1").arg(i, 3, 10, QLatin1Char('0')); }
+
+TEST(TDanfe, ItensEDadosAdicionaisContinuamNasFolhasSemPerderNemRepetir)
 {
-    TnfeProc nfe = NFeExemplo(QStringLiteral("12345678000195"), QStringLiteral("98765432000198"), 123, 120);
-    for (int i = 0; i < 120; ++i)
-        nfe.itens.GetItem(i).xProd = QStringLiteral("PRODUTO DANFE %1").arg(i + 1, 3, 10, QLatin1Char('0'));
-    nfe.itens.GetItem(7).infAdProd = QStringLiteral("Lote 77 validade 12/2027 armazenar em local seco e arejado");
-    QStringList obs;
-    for (int i = 1; i <= 90; ++i)
-        obs << QStringLiteral("OBS-%1 entrega parcial conforme pedido.").arg(i, 3, 10, QLatin1Char('0'));
-    nfe.infCpl = obs.join(QLatin1Char(' '));
-    nfe = DoXml(nfe);
+    struct Caso
+    {
+        const char *nome;
+        int itens, observacoes;
+    };
+    for (const Caso &c : {Caso{"120 itens, o resto dos dados adicionais depois do ultimo", 120, 90},
+                          Caso{"poucos itens, dados adicionais numa folha so deles", 2, 400}}) {
+        SCOPED_TRACE(c.nome);
+        TnfeProc nfe = NFeExemplo(QStringLiteral("12345678000195"), QStringLiteral("98765432000198"), 123, c.itens);
+        for (int i = 0; i < c.itens; ++i)
+            nfe.itens.GetItem(i).xProd = QStringLiteral("PRODUTO DANFE ") + Num(i + 1);
+        nfe.itens.GetItem(1).infAdProd = QStringLiteral("Lote 77 validade 12/2027 armazenar em local seco e arejado");
+        QStringList obs;
+        for (int i = 1; i <= c.observacoes; ++i)
+            obs << QStringLiteral("OBS-%1 entrega parcial conforme pedido.").arg(Num(i));
+        nfe.infCpl = obs.join(QLatin1Char(' '));
+        nfe = DoXml(nfe);
 
-    QTemporaryDir dir;
-    const QString pdf = dir.filePath(QStringLiteral("danfe.pdf"));
-    QString erro;
-    ASSERT_TRUE(TDanfe::GerarPdf(nfe, pdf, &erro)) << erro.toStdString();
-    const QString texto = TextoDoPdf(pdf);
-    ASSERT_TRUE(texto.contains(QStringLiteral("PRODUTO DANFE 001")));
+        QTemporaryDir dir;
+        const QString pdf = dir.filePath(QStringLiteral("danfe.pdf"));
+        QString erro;
+        ASSERT_TRUE(TDanfe::GerarPdf(nfe, pdf, &erro)) << erro.toStdString();
+        const QString texto = TextoDoPdf(pdf);
+        ASSERT_TRUE(texto.contains(QStringLiteral("PRODUTO DANFE 001")));
 
-    const int folhas = TDanfe::Paginas(nfe);
-    EXPECT_GE(folhas, 3);
-    EXPECT_EQ(texto.count(QLatin1Char('\f')), folhas);
-    for (int k = 1; k <= folhas; ++k)
-        EXPECT_EQ(texto.count(QStringLiteral("FOLHA %1/%2").arg(k).arg(folhas)), 1) << k;
-    for (int i = 1; i <= 120; ++i)
-        EXPECT_EQ(texto.count(QStringLiteral("PRODUTO DANFE %1").arg(i, 3, 10, QLatin1Char('0'))), 1) << i;
-    for (int i = 1; i <= 90; ++i)
-        EXPECT_EQ(texto.count(QStringLiteral("OBS-%1").arg(i, 3, 10, QLatin1Char('0'))), 1) << i;
-    EXPECT_TRUE(texto.contains(QStringLiteral("armazenar em local seco")));
-    EXPECT_TRUE(texto.contains(QStringLiteral("3526 1112 3456 7800 0195")));
-    EXPECT_FALSE(texto.contains(QStringLiteral("SEM VALOR FISCAL")));
+        const int folhas = TDanfe::Paginas(nfe);
+        EXPECT_GE(folhas, 2);
+        EXPECT_EQ(texto.count(QLatin1Char('\f')), folhas);
+        for (int k = 1; k <= folhas; ++k)
+            EXPECT_EQ(texto.count(QStringLiteral("FOLHA %1/%2").arg(k).arg(folhas)), 1) << k;
+        for (int i = 1; i <= c.itens; ++i)
+            EXPECT_EQ(texto.count(QStringLiteral("PRODUTO DANFE ") + Num(i)), 1) << i;
+        for (int i = 1; i <= c.observacoes; ++i)
+            EXPECT_EQ(texto.count(QStringLiteral("OBS-") + Num(i)), 1) << i;
+        EXPECT_TRUE(texto.contains(QStringLiteral("armazenar em local seco")));
+        EXPECT_TRUE(texto.contains(QStringLiteral("3526 1112 3456 7800 0195")));
+        EXPECT_FALSE(texto.contains(QStringLiteral("SEM VALOR FISCAL")));
+    }
 }
 
 TEST(TDanfe, HomologacaoSemProtocoloAvisa)
