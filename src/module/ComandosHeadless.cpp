@@ -190,6 +190,7 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
 }
 
 } // namespace
+
 int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
 {
     if (!motivo.isEmpty())
