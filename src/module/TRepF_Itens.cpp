@@ -6,6 +6,7 @@
 #include "TCabecNota.h"
 #include "TCadastroF.h"
 #include "TCertificadoF.h"
+#include "TConsultasDBI.h"
 #include "TClientDataSet.h"
 #include "TEdNotaPanel.h"
 #include "TItemNota.h"
@@ -81,7 +82,8 @@ void TRepF::AbrirTabela(const QString &form, const QString &acao)
 {
     if (!Cadastros::Abrir(form, acao, m_conexao, this))
         return;
-    // The lists of the header and the filter; the filter keeps what it had chosen.
+    // The company's state, the lists of the header and the filter; the filter keeps its choice.
+    Contexto::Atual().ufEmpresa = TConsultasDBI::UFEmpresa(m_conexao, Contexto::Atual().empresa);
     const QVariant filtro = m_fornecFiltro->currentData();
     PrepEmprComboBox();
     PreencherFornec();
