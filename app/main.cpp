@@ -20,10 +20,11 @@ void erro(const QString &texto)
 }
 
 const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--fiscal-folder",
-                                   "--create-database", "--screenshot"};
+                                   "--create-database", "--screenshot", "--certificate", "--certificate-password"};
 
-// What the command line asks for decides whether a display is needed at all.
-enum class Modo { Tela, Foto, SemTela };
+// What the command line asks for decides whether a display is needed at all. A command that
+// draws (the DANFE) needs the GUI's fonts and painting, never a display.
+enum class Modo { Tela, Foto, SemTela, Desenho };
 
 Modo modoDe(int argc, char **argv)
 {
@@ -38,6 +39,8 @@ Modo modoDe(int argc, char **argv)
             ++i;
             continue;
         }
+        if (arg == QLatin1String("danfe"))
+            return Modo::Desenho;
         if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
             || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")
             || !arg.startsWith(QLatin1Char('-')))
@@ -146,7 +149,13 @@ void prepararOpcoes(QCommandLineParser &parser)
         "  send NOTA [--yes]     envia a nota baixada ao estoque da empresa de destino\n"
         "  xml-items ARQUIVO... [--supplier N]   lista os itens dos XMLs de NF-e como a importação mostra\n"
         "                        (produtos do fornecedor N, ou do fornecedor com o CNPJ do emitente)\n"
-        "  xml-key ARQUIVO       mostra a chave de acesso lida do XML (linha vazia quando não há)"));
+        "  xml-key ARQUIVO       mostra a chave de acesso lida do XML (linha vazia quando não há)\n"
+        "  nfe-xml NOTA [--out ARQUIVO]   emite a NF-e da nota (valida e assina) e mostra o arquivo guardado\n"
+        "                        na pasta fiscal (NFe_Said/aaaa/mm), ou o copia para ARQUIVO\n"
+        "  danfe NOTA|ARQUIVO.xml --pdf SAIDA.pdf   grava o DANFE da NF-e da nota, ou de qualquer XML de NF-e\n"
+        "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
+        "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
+        "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));
     parser.addHelpOption();
     parser.addVersionOption();
     parser.addOptions({
@@ -157,6 +166,11 @@ void prepararOpcoes(QCommandLineParser &parser)
         {QStringLiteral("fiscal-folder"), QStringLiteral("Pasta fiscal, onde ficam os XML das NF-e (padrão: PAVREL_FISCAL_FOLDER, "
                                                          "a configuração PASTA_FISCAL, senão \"fiscal\" na pasta de dados do usuário)."),
          QStringLiteral("PATH")},
+        {QStringLiteral("certificate"), QStringLiteral("Certificado A1 (.pfx) da empresa, em lugar do configurado "
+                                                       "(ou PAVREL_CERTIFICADO)."),
+         QStringLiteral("FILE")},
+        {QStringLiteral("certificate-password"), QStringLiteral("Senha do certificado (ou PAVREL_CERTIFICADO_SENHA)."),
+         QStringLiteral("TEXT")},
         {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
         {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
         {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
@@ -170,10 +184,12 @@ void prepararOpcoes(QCommandLineParser &parser)
 int main(int argc, char **argv)
 {
     const Modo modo = modoDe(argc, argv);
-    if (modo == Modo::Foto && qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY"))
+    const bool semDisplay = qEnvironmentVariableIsEmpty("DISPLAY") && qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+    if ((modo == Modo::Foto && semDisplay) || (modo == Modo::Desenho && qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    std::unique_ptr<QCoreApplication> app(modo == Modo::SemTela ? new QCoreApplication(argc, argv)
-                                                                : new QApplication(argc, argv));
+    std::unique_ptr<QCoreApplication> app(modo == Modo::SemTela   ? new QCoreApplication(argc, argv)
+                                          : modo == Modo::Desenho ? new QGuiApplication(argc, argv)
+                                                                  : new QApplication(argc, argv));
     QCoreApplication::setOrganizationName(QStringLiteral("Pavrel"));
     QCoreApplication::setApplicationName(QStringLiteral("pavrel"));
 
@@ -216,6 +232,10 @@ int main(int argc, char **argv)
     // The option outranks the environment, so it simply takes the environment's place.
     if (parser.isSet(QStringLiteral("fiscal-folder")))
         qputenv("PAVREL_FISCAL_FOLDER", parser.value(QStringLiteral("fiscal-folder")).toLocal8Bit());
+    if (parser.isSet(QStringLiteral("certificate")))
+        qputenv("PAVREL_CERTIFICADO", parser.value(QStringLiteral("certificate")).toLocal8Bit());
+    if (parser.isSet(QStringLiteral("certificate-password")))
+        qputenv("PAVREL_CERTIFICADO_SENHA", parser.value(QStringLiteral("certificate-password")).toLocal8Bit());
     if (!iniciar(database.constData(), empresa, estacao, debug, &mensagem)) {
         erro(mensagem);
         return 1;

@@ -8,19 +8,19 @@
 
 INSERT INTO empr (
   empr_cod, raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1,
-  fone2, email
+  fone2, email, crt, cnae, im
 ) VALUES (
   1, 'Mercado Bom Preço Ltda', 'BOM PRECO CAMPINAS', '24587136000108', '244378126014',
   'Rua Barão de Jaguara', '1120', 'Loja 1', 'Centro', 'Campinas', '3509502', 'SP', '13015002',
-  '1932314455', '19991204410', 'fiscal@bompreco.com.br'
+  '1932314455', '19991204410', 'fiscal@bompreco.com.br', 3, '4711302', '102938475'
 );
 INSERT INTO empr (
   empr_cod, raz, nome_red, cnpj, ie, logr, num, compl, bai, mun, mun_ibge_cod, uf, cep, fone1,
-  fone2, email
+  fone2, email, crt, cnae, im
 ) VALUES (
   2, 'Empório Triângulo Comércio de Alimentos Ltda', 'EMPORIO TRIANGULO', '31650942000149',
   '7023184590063', 'Avenida Afonso Pena', '455', NULL, 'Centro', 'Uberlândia', '3170206', 'MG',
-  '38400128', '3432197700', NULL, 'contato@emporiotriangulo.com.br'
+  '38400128', '3432197700', NULL, 'contato@emporiotriangulo.com.br', 1, '4729699', NULL
 );
 
 -- Suppliers in SP and PR, a transporter, and the store itself as the party of
@@ -82,6 +82,13 @@ INSERT INTO config (chave, valor) VALUES ('REP_PRODUC_CUSTO_CRIA', 'N');
 INSERT INTO config (chave, valor) VALUES ('EST_CUS_ICMS_MODO', '2');
 INSERT INTO config (chave, valor) VALUES ('EST_CUS_IPI_MODO', '1');
 INSERT INTO config (chave, valor) VALUES ('REP_ROM_ORD_IMPR', 'S');
+-- NF-e in homologation, with the informative 2026 rates of CBS and IBS.
+INSERT INTO config (chave, valor) VALUES ('NFE_AMBIENTE', '2');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_CBS', '0.9');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_UF', '0.1');
+INSERT INTO config (chave, valor) VALUES ('NFE_ALIQ_IBS_MUN', '0');
+-- The last NF-e number of company 1, series 1: the return note's.
+INSERT INTO nfe_numero (empr_cod, serie, ultimo) VALUES (1, 1, 1532);
 
 INSERT INTO fisco_config (fisco_config_cod, inf_adic_fisco, inf_adic_contribuinte) VALUES (1, 'Empresa optante pelo regime normal de apuracao do ICMS.', 'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br');
 
@@ -413,7 +420,8 @@ INSERT INTO prod_promo (empr_cod, prod_cod, dt_ini, dt_fim, preco_promo) VALUES 
 -- ---------------------------------------------------------------------------
 
 -- 1 cancelled purchase of shirts, 2 purchase imported from the NF-e XML of the
--- mill in PR (posted), 3 return of milk with its NF-e issued (posted),
+-- mill in PR (posted), 3 return of milk to VALE VERDE, its NF-e numbered and
+-- waiting for authorisation (posted),
 -- 4 purchase typed by hand, 5 production of the bakery, 6 purchase of the
 -- second company.  Notes were typed at station 1 (company 2: station 2).
 INSERT INTO compra (
@@ -469,7 +477,7 @@ INSERT INTO compra (
   'Empresa optante pelo regime normal de apuracao do ICMS. Devolucao referente a NF-e 98231 de 05/11/2026.',
   'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br',
   '35261133810274000103550010000982311404177557', NULL, 1532,
-  '35261124587136000108550010000015321719204669', '135260004567812', '2026-11-12 15:20:47', '55'
+  '35261124587136000108550010000015321719204669', NULL, '2026-11-12 15:20:47', '55'
 );
 INSERT INTO compra (
   empr_cod, estacao_cod, compra_cod, destin_empr_cod, tipo_cod, cancelado, baixado, dt_doc,

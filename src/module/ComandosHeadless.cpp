@@ -1,5 +1,6 @@
 #include "ComandosHeadless.h"
 
+#include "ComandosNFe.h"
 #include "ComandosXml.h"
 #include "Config.h"
 #include "Contexto.h"
@@ -34,15 +35,6 @@ std::optional<QDate> lerData(const QString &texto)
     return std::nullopt;
 }
 
-// A refused command line: what was wrong, then how the command is used. Exit code 2.
-int recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
-{
-    if (!motivo.isEmpty())
-        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
-    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
-    return 2;
-}
-
 int indiceDe(const QString &valor, const QStringList &opcoes)
 {
     return int(opcoes.indexOf(valor.trimmed().toLower()));
@@ -62,7 +54,7 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     });
     const char *uso = "[--from DATA] [--to DATA] [--all-dates] [--supplier N] [--cancelled todas|nao|sim] "
                       "[--ndoc N] [--origin todas|manual|xml]";
-    const auto falha = [&erros, uso](const QString &texto) { return recusar(erros, QStringLiteral("notes"), texto, uso); };
+    const auto falha = [&erros, uso](const QString &texto) { return Recusar(erros, QStringLiteral("notes"), texto, uso); };
     if (!parser.parse(QStringList{QStringLiteral("notes")} + argumentos))
         return falha(parser.errorText());
     if (!parser.positionalArguments().isEmpty())
@@ -108,40 +100,6 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     return 0;
 }
 
-// The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code. The
-// station is -1 when not given: any station.
-std::optional<TChaveNota> lerNota(const QString &texto)
-{
-    static const QRegularExpression formato(QStringLiteral("^(\\d{1,9})-(?:(\\d{1,9})-)?(\\d{1,9})$"));
-    const QRegularExpressionMatch m = formato.match(texto.trimmed());
-    if (!m.hasMatch())
-        return std::nullopt;
-    return TChaveNota{m.captured(1).toInt(), m.hasCaptured(2) ? m.captured(2).toInt() : -1, m.captured(3).toInt()};
-}
-
-// Reads the one note named; a message on `erros` when it is missing or ambiguous.
-std::optional<TNotaLinha> lerDoBanco(TRepD &repD, const TChaveNota &pedida, const QString &texto,
-                                     const QString &comando, QTextStream &erros)
-{
-    if (!repD.CarregarNota(pedida.emprCod, pedida.estacaoCod, pedida.compraCod))
-        return std::nullopt;
-    TClientDataSet &notas = repD.Notas();
-    if (notas.IsEmpty()) {
-        erros << "pavrel " << comando << ": nota " << texto << " não encontrada" << Qt::endl;
-        return std::nullopt;
-    }
-    if (notas.RecordCount() > 1) {
-        QStringList opcoes;
-        for (notas.First(); !notas.Eof(); notas.Next())
-            opcoes << QStringLiteral("%1-%2-%3").arg(pedida.emprCod).arg(TNotaLinha::DaLinhaAtual(notas).chave.estacaoCod)
-                          .arg(pedida.compraCod);
-        erros << "pavrel " << comando << ": há notas " << texto << " de várias estações; indique uma: "
-              << opcoes.join(QStringLiteral(", ")) << Qt::endl;
-        return std::nullopt;
-    }
-    return repD.NotaAtual();
-}
-
 // The console's dialogs, counting what they show: a refusal that the screen leaves silent (a
 // trace only) still needs a line on the console.
 class TDialogosContados final : public TDialogos
@@ -183,11 +141,11 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
     parser.addPositionalArgument(QStringLiteral("note"), QStringLiteral("EEE-CCCCCCC, or E-S-C"));
     const char *uso = "EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)";
     if (!parser.parse(QStringList{comando} + argumentos))
-        return recusar(erros, comando, parser.errorText(), uso);
+        return Recusar(erros, comando, parser.errorText(), uso);
     const QStringList posicionais = parser.positionalArguments();
-    const auto pedida = posicionais.size() == 1 ? lerNota(posicionais.first()) : std::nullopt;
+    const auto pedida = posicionais.size() == 1 ? LerNota(posicionais.first()) : std::nullopt;
     if (!pedida)
-        return recusar(erros, comando, QString(), uso);
+        return Recusar(erros, comando, QString(), uso);
     const QString texto = posicionais.first().trimmed();
 
     TDialogos *anteriores = TDialogos::Definido();
@@ -197,7 +155,7 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TRepD repD(conexao);
-    const std::optional<TNotaLinha> nota = lerDoBanco(repD, *pedida, texto, comando, erros);
+    const std::optional<TNotaLinha> nota = LerDoBanco(repD, *pedida, texto, comando, erros);
     if (!nota)
         return 1;
     const QString doc = nota->chave.DocStr();
@@ -233,6 +191,45 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
 
 } // namespace
 
+int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
+{
+    if (!motivo.isEmpty())
+        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
+    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
+    return 2;
+}
+
+std::optional<TChaveNota> LerNota(const QString &texto)
+{
+    static const QRegularExpression formato(QStringLiteral("^(\\d{1,9})-(?:(\\d{1,9})-)?(\\d{1,9})$"));
+    const QRegularExpressionMatch m = formato.match(texto.trimmed());
+    if (!m.hasMatch())
+        return std::nullopt;
+    return TChaveNota{m.captured(1).toInt(), m.hasCaptured(2) ? m.captured(2).toInt() : -1, m.captured(3).toInt()};
+}
+
+std::optional<TNotaLinha> LerDoBanco(TRepD &repD, const TChaveNota &pedida, const QString &texto,
+                                     const QString &comando, QTextStream &erros)
+{
+    if (!repD.CarregarNota(pedida.emprCod, pedida.estacaoCod, pedida.compraCod))
+        return std::nullopt;
+    TClientDataSet &notas = repD.Notas();
+    if (notas.IsEmpty()) {
+        erros << "pavrel " << comando << ": nota " << texto << " não encontrada" << Qt::endl;
+        return std::nullopt;
+    }
+    if (notas.RecordCount() > 1) {
+        QStringList opcoes;
+        for (notas.First(); !notas.Eof(); notas.Next())
+            opcoes << QStringLiteral("%1-%2-%3").arg(pedida.emprCod).arg(TNotaLinha::DaLinhaAtual(notas).chave.estacaoCod)
+                          .arg(pedida.compraCod);
+        erros << "pavrel " << comando << ": há notas " << texto << " de várias estações; indique uma: "
+              << opcoes.join(QStringLiteral(", ")) << Qt::endl;
+        return std::nullopt;
+    }
+    return repD.NotaAtual();
+}
+
 int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
 {
     if (argumentos.isEmpty()) {
@@ -253,6 +250,12 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
         resultado = ComandosXml::XmlItems(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("xml-key"))
         resultado = ComandosXml::XmlKey(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-xml"))
+        resultado = ComandosNFe::NfeXml(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("danfe"))
+        resultado = ComandosNFe::Danfe(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("test-certificate"))
+        resultado = ComandosNFe::TestCertificate(argumentos.mid(1), saida, erros);
     else
         erros << "pavrel: comando desconhecido: " << comando << Qt::endl;
     TDialogos::Definir(anteriores);

@@ -272,7 +272,9 @@ void TRepF::AtualizarAcoes()
     static const QStringList prontas = {QStringLiteral("ConsultarAction"), QStringLiteral("NotaInsAct"),
                                         QStringLiteral("AltAct"), QStringLiteral("BaixarAct"),
                                         QStringLiteral("CancAct"), QStringLiteral("DesbaixarAct"),
-                                        QStringLiteral("NotaExportAct"), QStringLiteral("NFEDeInteresseAct")};
+                                        QStringLiteral("NotaExportAct"), QStringLiteral("NFEDeInteresseAct"),
+                                        QStringLiteral("EmprCadAct"), QStringLiteral("FornecCadAct"),
+                                        QStringLiteral("CertificadoAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));

@@ -152,6 +152,11 @@ private:
     void XMLImportButtonClick();
     // Opens a register behind an item field, then refreshes the list that shows it.
     void AbrirCadastro(const QString &form, const QString &acao);
+    // The Tabelas menu: the company and supplier registers, then the lists that show them again;
+    // the current company's certificate.
+    void CriarAcoesTabelas();
+    void AbrirTabela(const QString &form, const QString &acao);
+    void AbrirCertificado();
     bool ponteiroNoMenu() const;
 
     bool m_producCustoExige = true;

@@ -2,13 +2,17 @@
 // the registers behind the panel's buttons.
 #include "TRepF.h"
 
+#include "Contexto.h"
 #include "TCabecNota.h"
 #include "TCadastroF.h"
+#include "TCertificadoF.h"
+#include "TConsultasDBI.h"
 #include "TClientDataSet.h"
 #include "TEdNotaPanel.h"
 #include "TItemNota.h"
 #include "TItemPanel.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QComboBox>
 #include <QPushButton>
@@ -63,6 +67,34 @@ void TRepF::AbrirCadastro(const QString &form, const QString &acao)
     PreencherTrib();
     unid->setCurrentIndex(unidCod.isValid() ? unid->findData(unidCod) : -1);
     trib->setCurrentIndex(tribCod.isValid() ? trib->findData(tribCod) : -1);
+}
+
+void TRepF::CriarAcoesTabelas()
+{
+    connect(m_acoes.value(QStringLiteral("EmprCadAct")), &QAction::triggered, this,
+            [this] { AbrirTabela(QStringLiteral("EmprF"), QStringLiteral("TabEmprAct")); });
+    connect(m_acoes.value(QStringLiteral("FornecCadAct")), &QAction::triggered, this,
+            [this] { AbrirTabela(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct")); });
+    connect(m_acoes.value(QStringLiteral("CertificadoAct")), &QAction::triggered, this, &TRepF::AbrirCertificado);
+}
+
+void TRepF::AbrirTabela(const QString &form, const QString &acao)
+{
+    if (!Cadastros::Abrir(form, acao, m_conexao, this))
+        return;
+    // The company's state, the lists of the header and the filter; the filter keeps its choice.
+    Contexto::Atual().ufEmpresa = TConsultasDBI::UFEmpresa(m_conexao, Contexto::Atual().empresa);
+    const QVariant filtro = m_fornecFiltro->currentData();
+    PrepEmprComboBox();
+    PreencherFornec();
+    m_fornecFiltro->setCurrentIndex(std::max(0, m_fornecFiltro->findData(filtro)));
+}
+
+void TRepF::AbrirCertificado()
+{
+    const int empresa = Contexto::Atual().empresa;
+    TCertificadoF dialogo(empresa, m_conexao.ValorStr(TCadastroDBI::SqlCnpjEmpresa(empresa)).trimmed(), this);
+    dialogo.exec();
 }
 
 bool TRepF::EntraItemAceito()

@@ -64,6 +64,9 @@ const DefAcao Acoes[] = {
     {"RomaneioImprAct", "Romaneio", "Imprime Lista de Prdutos", "Notas", false},
     {"NotaExportAct", "Exportar", "Exportar documento para as filiais", "Notas", true},
     {"DesbaixarAct", "Desbaixar", "", "Notas", true},
+    {"EmprCadAct", "Empresa", "Dados da empresa para a NF-e", "Tabelas", false},
+    {"FornecCadAct", "Fornecedores", "Fornecedores e clientes", "Tabelas", false},
+    {"CertificadoAct", "Certificado Digital", "Certificado A1 da empresa para assinar as NF-e", "Tabelas", false},
 };
 
 QLabel *rotulo(const QString &texto, QWidget *buddy)
@@ -136,6 +139,7 @@ void TRepF::criarAcoes()
     m_toolBar->installEventFilter(this);
 
     connect(m_acoes.value(QStringLiteral("ConsultarAction")), &QAction::triggered, this, &TRepF::CarregarNotas);
+    CriarAcoesTabelas();
 }
 
 QWidget *TRepF::criarFiltros()

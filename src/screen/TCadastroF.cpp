@@ -85,7 +85,15 @@ void TCadastroF::montar()
     TGradeDataSet::Attach(m_manager, m_grade);
     layout->addWidget(m_grade, 1);
 
-    auto *form = new QFormLayout;
+    // Long registers take two columns of fields, so the dialog keeps its height.
+    const int colunasDeCampos = m_def.colunas.size() > 10 ? 2 : 1;
+    auto *campos = new QHBoxLayout;
+    QList<QFormLayout *> forms;
+    for (int i = 0; i < colunasDeCampos; ++i) {
+        forms << new QFormLayout;
+        campos->addLayout(forms.last(), 1);
+    }
+    const qsizetype porForm = (m_def.colunas.size() + colunasDeCampos - 1) / colunasDeCampos;
     for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
         QWidget *campo = nullptr;
         if (Numerico(c.tipo)) {
@@ -107,16 +115,18 @@ void TCadastroF::montar()
             auto *texto = new QLineEdit(this);
             if (c.tamanho > 0)
                 texto->setMaxLength(c.tamanho);
-            if (c.nome.compare(QLatin1String("ncm"), Qt::CaseInsensitive) == 0
-                || c.nome.compare(QLatin1String("gtin"), Qt::CaseInsensitive) == 0)
-                FiltroTeclas::AplicarDigitos(texto, c.tamanho);
+            if (!c.caracteres.isEmpty())
+                FiltroTeclas::Aplicar(texto, c.caracteres, c.tamanho);
+            // A short code is as wide as what it holds.
+            if (c.tamanho > 0 && c.tamanho <= 20)
+                texto->setMaximumWidth(fontMetrics().horizontalAdvance(QString(c.tamanho + 2, QLatin1Char('0'))) + 12);
             campo = texto;
         }
         campo->setObjectName(QStringLiteral("Campo_") + c.nome);
-        form->addRow(c.titulo, campo);
+        forms.at(m_campos.size() / porForm)->addRow(c.titulo, campo);
         m_campos << campo;
     }
-    layout->addLayout(form);
+    layout->addLayout(campos);
 
     auto *botoes = new QHBoxLayout;
     m_novo = new QPushButton(QStringLiteral("Novo"), this);
@@ -139,7 +149,7 @@ void TCadastroF::montar()
     connect(m_gravar, &QPushButton::clicked, this, &TCadastroF::Gravar);
     connect(m_excluir, &QPushButton::clicked, this, &TCadastroF::Excluir);
     connect(fechar, &QPushButton::clicked, this, &QDialog::accept);
-    resize(680, 520);
+    resize(colunasDeCampos == 1 ? 680 : 900, colunasDeCampos == 1 ? 520 : 640);
 }
 
 QWidget *TCadastroF::Campo(const QString &coluna) const
@@ -201,13 +211,15 @@ void TCadastroF::linhaParaCampos()
 void TCadastroF::Novo()
 {
     const int proximo = m_conexao.ValorInt(TCadastroDBI::SqlProximoCodigo(m_def));
-    for (QWidget *campo : std::as_const(m_campos)) {
+    for (qsizetype i = 0; i < m_campos.size(); ++i) {
+        const QString &padrao = m_def.colunas.at(i).padrao;
+        QWidget *campo = m_campos.at(i);
         if (auto *num = qobject_cast<TNumEditBR *>(campo))
-            num->SetValue(0);
+            num->SetValue(padrao.toDouble());
         else if (auto *combo = qobject_cast<QComboBox *>(campo))
-            combo->setCurrentIndex(-1);
+            combo->setCurrentIndex(padrao.isEmpty() ? -1 : combo->findData(padrao.toInt()));
         else if (auto *texto = qobject_cast<QLineEdit *>(campo))
-            texto->clear();
+            texto->setText(padrao);
     }
     auto *codigo = qobject_cast<TNumEditBR *>(m_campos.first());
     codigo->SetReadOnlyLook(false);
@@ -231,6 +243,28 @@ QString TCadastroF::valorSql(const TColunaCadastro &coluna) const
     return texto.isEmpty() ? QStringLiteral("NULL") : QuotedStr(texto);
 }
 
+bool TCadastroF::verificado()
+{
+    if (!m_def.verificar)
+        return true;
+    QHash<QString, QString> textos;
+    for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
+        QWidget *campo = Campo(c.nome);
+        if (auto *combo = qobject_cast<QComboBox *>(campo))
+            textos.insert(c.nome, combo->currentIndex() < 0 ? QString() : combo->currentData().toString());
+        else if (auto *texto = qobject_cast<QLineEdit *>(campo))
+            textos.insert(c.nome, texto->text().trimmed());
+    }
+    QString coluna;
+    const QString mensagem = m_def.verificar(textos, &coluna);
+    if (mensagem.isEmpty())
+        return true;
+    MensagemErro(mensagem);
+    if (QWidget *campo = Campo(coluna))
+        campo->setFocus();
+    return false;
+}
+
 bool TCadastroF::Gravar()
 {
     for (const TColunaCadastro &c : std::as_const(m_def.colunas)) {
@@ -241,6 +275,8 @@ bool TCadastroF::Gravar()
             return false;
         }
     }
+    if (!verificado())
+        return false;
     const TColunaCadastro &chave = m_def.colunas.first();
     const int codigo = codigoDosCampos();
     const bool novo = !qobject_cast<TNumEditBR *>(m_campos.first())->ReadOnlyLook();

@@ -49,6 +49,8 @@ private:
     void linhaParaCampos();
     QString valorSql(const TColunaCadastro &coluna) const;
     int codigoDosCampos() const;
+    // The register's own checks: false after their one message.
+    bool verificado();
 
     TDefCadastro m_def;
     TConexaoSQL &m_conexao;

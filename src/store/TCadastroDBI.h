@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QString>
 #include <QStringList>
@@ -23,6 +24,8 @@ struct TColunaCadastro
     int tamanho = 0;        // characters of a text; decimals of a value
     bool obrigatoria = false;
     QString lista;          // for Lista: the statement that fills the choice
+    QString caracteres;     // for Texto: the only characters typed (letters upper-cased); empty: any
+    QString padrao;         // what a new row starts with (the code, for a Lista)
 };
 
 // One register table: its key (the first column, an integer code) and its columns.
@@ -35,6 +38,9 @@ struct TDefCadastro
     QList<TColunaCadastro> colunas;
     // Run after a new row is inserted, given the new code; may add rows of other tables.
     QStringList (*aoInserir)(int codigo) = nullptr;
+    // Run before saving, given each column's trimmed text (a Lista's code): the message of the
+    // first mistake and its column, or an empty message.
+    QString (*verificar)(const QHash<QString, QString> &textos, QString *coluna) = nullptr;
 };
 
 // The statements of the small register editors. Values come already spliced through the value
@@ -42,7 +48,9 @@ struct TDefCadastro
 namespace TCadastroDBI {
 
 // The registers the item panel opens: "ProdF"/"TabProdAct" (products), "UnidF"/"EstoqUnidAct"
-// (units) and "TribF"/"TabFiscoTributAct" (tax situations). Null for other names.
+// (units) and "TribF"/"TabFiscoTributAct" (tax situations); those of the Tabelas menu:
+// "EmprF"/"TabEmprAct" (companies) and "FornecF"/"TabFornecAct" (suppliers and customers).
+// Null for other names.
 const TDefCadastro *Definicao(const QString &form, const QString &acao);
 
 QString SqlSelect(const TDefCadastro &def);
@@ -51,5 +59,7 @@ QString SqlProximoCodigo(const TDefCadastro &def);
 QStringList SqlInserir(const TDefCadastro &def, const QStringList &valores, int codigo);
 QString SqlAlterar(const TDefCadastro &def, const QStringList &valores, int codigo);
 QString SqlExcluir(const TDefCadastro &def, int codigo);
+// The CNPJ of a company.
+QString SqlCnpjEmpresa(int emprCod);
 
 } // namespace TCadastroDBI

@@ -2,6 +2,7 @@
 #include "ItemEntradaTeste.h"
 #include "TCadastroF.h"
 
+#include <QAction>
 #include <QTimer>
 #include <QToolButton>
 
@@ -86,6 +87,79 @@ TEST_F(ItemEntrada, RegistersOpenedForTheItemAddWhatItOffers)
     ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("NDOC"), 4587));
     ASSERT_EQ(itens().RecordCount(), 1);
     EXPECT_EQ(campo("prod_DESCR"), QStringLiteral("PRODUTO NOVO"));
+}
+
+TEST_F(ItemEntrada, SupplierAddedFromTheTabelasMenuIsOfferedForTheNote)
+{
+    abrir();
+    QAction *fornecedores = tela->Acao(QStringLiteral("FornecCadAct"));
+    ASSERT_TRUE(fornecedores->isEnabled());
+    EXPECT_EQ(fornecedores->property("Category").toString(), QStringLiteral("Tabelas"));
+    NoDialogo([](TCadastroF &f) {
+        f.Novo();
+        DigitarCampo(f, "nome_red", "NOVO CLIENTE");
+        DigitarCampo(f, "c", "529.982.247-25");
+        DigitarCampo(f, "uf", "rs");
+        DigitarCampo(f, "mun_ibge_cod", "4314902");
+        EXPECT_TRUE(f.Gravar());
+    });
+    fornecedores->trigger();
+    QApplication::setActiveWindow(tela.get());
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
+    EXPECT_EQ(db.valor(QStringLiteral("select c || uf || transp from fornec where fornec_cod=3")), "52998224725RSN");
+    EXPECT_GE(h->FornecComboBox()->findText(QStringLiteral("NOVO CLIENTE")), 0);
+}
+
+TEST_F(TelaTeste, CompanyAndSupplierRegistersRefuseEachMistakeOnce)
+{
+    struct Caso
+    {
+        const char *form, *acao, *coluna, *texto, *mensagem;
+    };
+    const Caso casos[] = {
+        {"EmprF", "TabEmprAct", "cnpj", "11222333000182", "CNPJ inválido: confira os dígitos verificadores"},
+        {"EmprF", "TabEmprAct", "cnpj", "12ABC34501DE53", "CNPJ inválido: confira os dígitos verificadores"},
+        {"FornecF", "TabFornecAct", "c", "52998224752", "CPF/CNPJ inválido: confira os dígitos verificadores"},
+        {"FornecF", "TabFornecAct", "c", "11111111111", "CPF/CNPJ inválido: confira os dígitos verificadores"},
+        {"FornecF", "TabFornecAct", "uf", "XX", "UF inválida: indique a sigla de um dos 27 estados"},
+        {"EmprF", "TabEmprAct", "mun_ibge_cod", "4106902",
+         "O código IBGE do município não é de SP: os municípios de SP começam por 35"},
+        {"EmprF", "TabEmprAct", "mun_ibge_cod", "355030", "Código IBGE do município inválido: indique os 7 dígitos"},
+        {"FornecF", "TabFornecAct", "cep", "0130500", "CEP inválido: indique os 8 dígitos"},
+    };
+    const auto tabela = [this](const QString &form) {
+        return db.valor(form == QLatin1String("EmprF")
+                            ? QStringLiteral("select list(cnpj || uf || mun_ibge_cod || cep, ';') from empr")
+                            : QStringLiteral("select list(c || uf || mun_ibge_cod || cep, ';') from fornec"));
+    };
+    for (const Caso &caso : casos) {
+        SCOPED_TRACE(caso.texto);
+        const auto f = Cadastros::Criar(QLatin1String(caso.form), QLatin1String(caso.acao), db.conexao());
+        ASSERT_TRUE(f);
+        const QString antes = tabela(f->objectName());
+        dialogos.Limpar();
+        DigitarCampo(*f, caso.coluna, caso.texto);
+        EXPECT_FALSE(f->Gravar());
+        EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QString::fromUtf8(caso.mensagem));
+        EXPECT_EQ(tabela(f->objectName()), antes);
+    }
+
+    // The alphanumeric CNPJ, a CPF, and a new company starting as Regime Normal.
+    dialogos.Limpar();
+    const auto fornec = Cadastros::Criar(QStringLiteral("FornecF"), QStringLiteral("TabFornecAct"), db.conexao());
+    DigitarCampo(*fornec, "c", "52998224725");
+    ASSERT_TRUE(fornec->Gravar()) << primeiraMensagem().toStdString();
+    const auto empr = Cadastros::Criar(QStringLiteral("EmprF"), QStringLiteral("TabEmprAct"), db.conexao());
+    empr->Novo();
+    DigitarCampo(*empr, "raz", "Nova Loja Ltda");
+    DigitarCampo(*empr, "cnpj", "12abc34501de35");
+    DigitarCampo(*empr, "uf", "pr");
+    DigitarCampo(*empr, "mun_ibge_cod", "4106902");
+    ASSERT_TRUE(empr->Gravar()) << primeiraMensagem().toStdString();
+    EXPECT_TRUE(dialogos.Mensagens().isEmpty());
+    EXPECT_EQ(db.valor(QStringLiteral("select c from fornec where fornec_cod=1")), "52998224725");
+    EXPECT_EQ(db.valor(QStringLiteral("select cnpj || uf || mun_ibge_cod || crt from empr where empr_cod=3")),
+              "12ABC34501DE35PR41069023");
 }
 
 } // namespace
