@@ -2,6 +2,7 @@
 
 #include "TConexaoSQL.h"
 #include "TnfeProc.h"
+#include "Valores.h"
 
 #include <QRegularExpression>
 
@@ -157,7 +158,8 @@ bool Carregar(TConexaoSQL &conexao, int emprCod, int compraCod, const TRegras &r
         direcao = sentido;
         if (it.CFOP.front() == u'3' || it.CFOP.front() == u'7')
             nfe.ide.idDest = 3;
-        it.qCom = it.qTrib = d("qtd_embs");
+        // The goods leave in stock units, as posting counts them: packages times units per package.
+        it.qCom = it.qTrib = RoundTo(RoundTo(d("emb_qtd"), 3) * RoundTo(d("qtd_embs"), 3), 3);
         it.vProd = m("custo_tot").roundTo(2);
         it.vUnCom = it.vUnTrib = it.qCom != 0 ? m("custo_tot").toDouble() / it.qCom : 0;
         it.vDesc = m("desconto").roundTo(2);

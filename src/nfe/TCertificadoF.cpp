@@ -104,12 +104,12 @@ bool TCertificadoF::Testar()
         m_senha->setFocus();
         return false;
     }
-    const QString data = QStringLiteral("dd/MM/yyyy");
+    const QString formato = QStringLiteral("dd/MM/yyyy");
     QStringList linhas{QStringLiteral("Titular: ") + certificado->Titular(),
                        QStringLiteral("CNPJ: ") + certificado->Cnpj(),
                        QStringLiteral("Válido de %1 até %2")
-                           .arg(certificado->ValidoDe().toLocalTime().toString(data),
-                                certificado->ValidoAte().toLocalTime().toString(data))};
+                           .arg(certificado->ValidoDe().toLocalTime().toString(formato),
+                                certificado->ValidoAte().toLocalTime().toString(formato))};
     if (certificado->ValidoAte() < Contexto::Atual().Agora())
         linhas << QStringLiteral("Atenção: o certificado está vencido");
     if (!m_cnpjEmpresa.isEmpty() && certificado->Cnpj() != m_cnpjEmpresa)
