@@ -44,6 +44,9 @@ double MelhorMs(int rodadas, F &&f)
 
 int main(int argc, char **argv)
 {
+    // Drawing needs fonts, not a display.
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
     QGuiApplication app(argc, argv);
     QTextStream out(stdout);
     const TnfeProc nfe = Nota990();
