@@ -2,6 +2,7 @@
 
 #include "AvisosImportacao.h"
 #include "ChaveNFe.h"
+#include "ComandosHeadless.h"
 #include "Contexto.h"
 #include "TConexD.h"
 #include "TImportItensDados.h"
@@ -16,14 +17,6 @@
 namespace ComandosXml {
 
 namespace {
-
-int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, const char *uso)
-{
-    if (!motivo.isEmpty())
-        erros << "pavrel " << comando << ": " << motivo << Qt::endl;
-    erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
-    return 2;
-}
 
 // The document in the file, or nothing with one line saying what is wrong.
 std::unique_ptr<TnfeProc> Ler(const QString &arquivo, const QString &comando, QTextStream &erros)
@@ -45,15 +38,15 @@ int XmlItems(const QStringList &argumentos, QTextStream &saida, QTextStream &err
     QCommandLineParser parser;
     parser.addOption({QStringLiteral("supplier"), QStringLiteral("supplier code"), QStringLiteral("N")});
     if (!parser.parse(QStringList{comando} + argumentos))
-        return Recusar(erros, comando, parser.errorText(), uso);
+        return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
     const QStringList arquivos = parser.positionalArguments();
     if (arquivos.isEmpty())
-        return Recusar(erros, comando, QStringLiteral("nenhum arquivo"), uso);
+        return ComandosHeadless::Recusar(erros, comando, QStringLiteral("nenhum arquivo"), uso);
     bool ok = true;
     const bool fornecDado = parser.isSet(QStringLiteral("supplier"));
     const int fornec = fornecDado ? parser.value(QStringLiteral("supplier")).toInt(&ok) : 0;
     if (!ok || fornec < 0)
-        return Recusar(erros, comando, QStringLiteral("fornecedor inválido em --supplier: ") + parser.value(QStringLiteral("supplier")), uso);
+        return ComandosHeadless::Recusar(erros, comando, QStringLiteral("fornecedor inválido em --supplier: ") + parser.value(QStringLiteral("supplier")), uso);
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TImportItensDados dados(conexao, fornec);
@@ -84,7 +77,7 @@ int XmlKey(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
     const QString comando = QStringLiteral("xml-key");
     QCommandLineParser parser;
     if (!parser.parse(QStringList{comando} + argumentos) || parser.positionalArguments().size() != 1)
-        return Recusar(erros, comando, parser.errorText(), "ARQUIVO");
+        return ComandosHeadless::Recusar(erros, comando, parser.errorText(), "ARQUIVO");
     const QString arquivo = parser.positionalArguments().first();
     if (!Ler(arquivo, comando, erros))
         return 1;
