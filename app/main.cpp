@@ -153,6 +153,9 @@ void prepararOpcoes(QCommandLineParser &parser)
         "  nfe-xml NOTA [--out ARQUIVO]   emite a NF-e da nota (valida e assina) e mostra o arquivo guardado\n"
         "                        na pasta fiscal (NFe_Said/aaaa/mm), ou o copia para ARQUIVO\n"
         "  danfe NOTA|ARQUIVO.xml --pdf SAIDA.pdf   grava o DANFE da NF-e da nota, ou de qualquer XML de NF-e\n"
+        "  inputs NOTA [--item N]   os insumos que a nota (ou o item N) consome, como as telas mostram\n"
+        "  difal NOTA [--set U,F,I,P --yes]   os movimentos como o ajuste do ICMS da UF de destino abre;\n"
+        "                        com --set, grava essas quatro alíquotas em todos eles (--yes confirma)\n"
         "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
         "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
         "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));

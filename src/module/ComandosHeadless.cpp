@@ -1,6 +1,8 @@
 #include "ComandosHeadless.h"
 
+#include "ComandosInsumos.h"
 #include "ComandosNFe.h"
+#include "ComandosTax.h"
 #include "ComandosXml.h"
 #include "Config.h"
 #include "Contexto.h"
@@ -254,6 +256,10 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
         resultado = ComandosNFe::NfeXml(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("danfe"))
         resultado = ComandosNFe::Danfe(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("inputs"))
+        resultado = ComandosInsumos::Inputs(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("difal"))
+        resultado = ComandosTax::Difal(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("test-certificate"))
         resultado = ComandosNFe::TestCertificate(argumentos.mid(1), saida, erros);
     else

@@ -86,6 +86,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     criarGradeCombos();
     CriarItemNota();
     CriarBotoesXML();
+    CriarAjustes();
     pegarProcsImpressora();
     m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
 
@@ -274,7 +275,8 @@ void TRepF::AtualizarAcoes()
                                         QStringLiteral("CancAct"), QStringLiteral("DesbaixarAct"),
                                         QStringLiteral("NotaExportAct"), QStringLiteral("NFEDeInteresseAct"),
                                         QStringLiteral("EmprCadAct"), QStringLiteral("FornecCadAct"),
-                                        QStringLiteral("CertificadoAct")};
+                                        QStringLiteral("CertificadoAct"), QStringLiteral("AjusteAct"),
+                                        QStringLiteral("EstoInsumosItemAct"), QStringLiteral("EstoInsumosNotaAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));

@@ -20,6 +20,7 @@ class QDateEdit;
 class QFrame;
 class QLabel;
 class QProgressBar;
+class QPushButton;
 class QTableView;
 class QToolBar;
 class QToolButton;
@@ -157,6 +158,13 @@ private:
     void CriarAcoesTabelas();
     void AbrirTabela(const QString &form, const QString &acao);
     void AbrirCertificado();
+    // Tax adjustments of the note's items (TRepF_ICMSUFDest.cpp, TRepF_AjusteItem.cpp) and the
+    // inputs its production consumes (TRepF_Insumos.cpp); wired in CriarAjustes.
+    void CriarAjustes();
+    void AjustarICMSUFDestClick();
+    void AjustarItemClick();
+    void InsumosItemExecute();
+    void InsumosNotaExecute();
     bool ponteiroNoMenu() const;
 
     bool m_producCustoExige = true;
@@ -194,6 +202,8 @@ private:
     TItemPanel *m_itemPanel = nullptr;
     QLabel *m_tipoDocLabel = nullptr;
     QTableView *m_itensGrid = nullptr;
+    QPushButton *m_ajustarItemButton = nullptr;
+    QPushButton *m_ajustarICMSUFDestButton = nullptr;
     TTotaisBar *m_totaisBar = nullptr;
     QList<TNumEditBR *> m_precoEdits;
     QList<QComboBox *> m_gradeCombos;

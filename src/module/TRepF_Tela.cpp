@@ -24,6 +24,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QProgressBar>
+#include <QPushButton>
 #include <QSplitter>
 #include <QTableView>
 #include <QToolBar>
@@ -196,6 +197,15 @@ QWidget *TRepF::criarFiltros()
     return filtros;
 }
 
+void TRepF::CriarAjustes()
+{
+    connect(m_ajustarItemButton, &QAbstractButton::clicked, this, &TRepF::AjustarItemClick);
+    connect(m_acoes.value(QStringLiteral("AjusteAct")), &QAction::triggered, this, &TRepF::AjustarItemClick);
+    connect(m_ajustarICMSUFDestButton, &QAbstractButton::clicked, this, &TRepF::AjustarICMSUFDestClick);
+    connect(m_acoes.value(QStringLiteral("EstoInsumosItemAct")), &QAction::triggered, this, &TRepF::InsumosItemExecute);
+    connect(m_acoes.value(QStringLiteral("EstoInsumosNotaAct")), &QAction::triggered, this, &TRepF::InsumosNotaExecute);
+}
+
 void TRepF::montarTela()
 {
     auto *layout = new QVBoxLayout(this);
@@ -243,7 +253,24 @@ void TRepF::montarTela()
     m_itensGrid->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_itensGrid->setAlternatingRowColors(true);
     TGradeDataSet::Attach(&m_repD->ClientManager2(), m_itensGrid);
-    inferiorLayout->addWidget(m_itensGrid, 1);
+    // The corrections of an item's taxes sit beside the items they correct.
+    auto *itensLinha = new QHBoxLayout;
+    itensLinha->setSpacing(2);
+    itensLinha->addWidget(m_itensGrid, 1);
+    auto *ajustes = new QVBoxLayout;
+    m_ajustarItemButton = new QPushButton(QStringLiteral("Ajustar Item"), inferior);
+    m_ajustarItemButton->setObjectName(QStringLiteral("AjustarItemButton"));
+    m_ajustarItemButton->setToolTip(QStringLiteral("Ajustar CFOP do item"));
+    m_ajustarICMSUFDestButton = new QPushButton(QStringLiteral("Ajustar ICMS UF Dest"), inferior);
+    m_ajustarICMSUFDestButton->setObjectName(QStringLiteral("AjustarICMSUFDestButton"));
+    m_ajustarICMSUFDestButton->setToolTip(QStringLiteral("Ajustar o ICMS da UF do Destinatário"));
+    for (QPushButton *botao : {m_ajustarItemButton, m_ajustarICMSUFDestButton}) {
+        botao->setFocusPolicy(Qt::TabFocus);
+        ajustes->addWidget(botao);
+    }
+    ajustes->addStretch(1);
+    itensLinha->addLayout(ajustes);
+    inferiorLayout->addLayout(itensLinha, 1);
     m_totaisBar = new TTotaisBar(inferior);
     inferiorLayout->addWidget(m_totaisBar);
     splitter->setStretchFactor(0, 2);

@@ -1,0 +1,1 @@
+#include "UProdCompoList_UI.h"

@@ -1,0 +1,1 @@
+#include "TICMSUFDest_DBI.h"

@@ -1,0 +1,1 @@
+#include "TItemAjuste_DBI.h"

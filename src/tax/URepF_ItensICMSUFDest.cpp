@@ -1,0 +1,1 @@
+#include "URepF_ItensICMSUFDest.h"
