@@ -30,7 +30,8 @@ bool Enter(const QKeyEvent *e) { return e->key() == Qt::Key_Return || e->key() =
 class TSaidaItemEdUFDestF::Modelo final : public QIdentityProxyModel
 {
 public:
-    Modelo(TClientManager *manager, QObject *parent) : QIdentityProxyModel(parent), m_manager(manager)
+    Modelo(TClientManager *manager, const TCalculo &calculo, QObject *parent)
+        : QIdentityProxyModel(parent), m_manager(manager), m_calculo(calculo)
     {
         setSourceModel(manager);
     }
@@ -65,12 +66,15 @@ public:
         cds->SetRecNo(index.row() + 1);
         cds->Edit();
         cds->Fields(Campo(index)->Index()).SetAsFloat(value.toDouble());
+        if (m_calculo)
+            m_calculo(*cds);
         cds->Post();
         return true;
     }
 
 private:
     TClientManager *m_manager;
+    const TCalculo &m_calculo;
 };
 
 // Figures typed in a TNumEditBR: the base with 2 places, the rates with 4. Enter confirms the
@@ -212,6 +216,18 @@ const QStringList &TSaidaItemEdUFDestF::CamposEditaveis()
     return campos;
 }
 
+const QStringList &TSaidaItemEdUFDestF::CamposCalculados()
+{
+    static const QStringList campos{QStringLiteral("TRIB_ICMS_VFCPUFDEST"), QStringLiteral("TRIB_ICMS_VICMSUFDEST"),
+                                    QStringLiteral("TRIB_ICMS_VICMSUFREMET")};
+    return campos;
+}
+
+void TSaidaItemEdUFDestF::DefinirCalculo(TCalculo calculo)
+{
+    m_calculo = std::move(calculo);
+}
+
 void TSaidaItemEdUFDestF::CriarCampos(TClientDataSet &cds)
 {
     using T = TFieldType;
@@ -225,6 +241,10 @@ void TSaidaItemEdUFDestF::CriarCampos(TClientDataSet &cds)
                               QStringLiteral("% Partilha UF Dest.")};
     for (int i = 0; i < CamposEditaveis().size(); ++i)
         cds.AddField(CamposEditaveis().at(i), T::Float, titulos.at(i), i == 0 ? FormatoValor : FormatoTaxa, true, i == 0 ? 11 : 8);
+    const QStringList calculados{QStringLiteral("Vl. FCP UF Dest."), QStringLiteral("Vl. ICMS UF Dest."),
+                                 QStringLiteral("Vl. ICMS UF Remet.")};
+    for (int i = 0; i < CamposCalculados().size(); ++i)
+        cds.AddField(CamposCalculados().at(i), T::Float, calculados.at(i), FormatoValor, true, 10);
     for (const char *chave : {"est_mov_empr_cod", "est_mov_estacao_cod", "est_mov_cod"})
         cds.AddField(QLatin1String(chave), T::Integer, {}, {}, false);
     cds.Open();
@@ -237,7 +257,7 @@ TSaidaItemEdUFDestF::TSaidaItemEdUFDestF(QWidget *parent) : QDialog(parent)
     m_cds = new TClientDataSet(this);
     CriarCampos(*m_cds);
     m_manager = new TClientManager(m_cds, this);
-    m_modelo = new Modelo(m_manager, this);
+    m_modelo = new Modelo(m_manager, m_calculo, this);
 
     m_ok = new QPushButton(QStringLiteral("&OK"), this);
     m_ok->setObjectName(QStringLiteral("OkButton"));

@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <QStringList>
 
+#include <functional>
+
 class QPushButton;
 class QTableView;
 class TClientDataSet;
@@ -10,7 +12,8 @@ class TClientManager;
 
 // The host's editing dialog for the destination-state ICMS of a note's movements: one grid row per
 // movement, item, product, description, maker and net value read-only, the five figures the user
-// edits typed the Brazilian way. Enter and Tab walk the editable cells and then reach OK; Esc
+// edits typed the Brazilian way, and the three resulting values read-only, recomputed by the
+// caller's rule as a figure changes. Enter and Tab walk the editable cells and then reach OK; Esc
 // cancels. The rows live in the dialog's own dataset, filled by the caller before it is shown.
 class TSaidaItemEdUFDestF final : public QDialog
 {
@@ -24,8 +27,12 @@ public:
     QTableView *Grade() const { return m_grade; }
     QPushButton *OkButton() const { return m_ok; }
 
-    // The figures the user edits, in the grid's order.
+    // The figures the user edits, in the grid's order, and the values computed from them.
     static const QStringList &CamposEditaveis();
+    static const QStringList &CamposCalculados();
+    // Sets the computed values of the dataset's current row (in Edit state) from its figures.
+    using TCalculo = std::function<void(TClientDataSet &)>;
+    void DefinirCalculo(TCalculo calculo);
     // The dialog's fields on any dataset (the headless command fills one without a dialog).
     static void CriarCampos(TClientDataSet &cds);
 
@@ -45,4 +52,5 @@ private:
     Delegado *m_delegado = nullptr;
     QTableView *m_grade = nullptr;
     QPushButton *m_ok = nullptr;
+    TCalculo m_calculo;
 };

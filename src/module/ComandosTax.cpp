@@ -117,6 +117,7 @@ int Difal(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
         cds.Edit();
         for (size_t i = 0; i < taxas->size(); ++i)
             cds.FieldByName(definidos[qsizetype(i)]).SetAsFloat((*taxas)[i]);
+        TRepF_ItensICMSUFDest::CalcularLinha(cds);
         cds.Post();
     }
     saida << TextoTabulado(cds);

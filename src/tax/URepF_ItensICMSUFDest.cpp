@@ -19,6 +19,13 @@ constexpr int NotaComplementar = 39;
 
 double Round2(double valor) { return RoundTo(valor, 2); }
 
+TFigurasUFDest FigurasDaLinha(const TClientDataSet &cds)
+{
+    const QStringList &c = TSaidaItemEdUFDestF::CamposEditaveis();
+    const auto valor = [&cds](const QString &campo) { return cds.FieldByName(campo).AsFloat(); };
+    return TRepF_ItensICMSUFDest::Calcular(valor(c[0]), valor(c[1]), valor(c[2]), valor(c[3]), valor(c[4]));
+}
+
 } // namespace
 
 QString TRepF_ItensICMSUFDest::CompraToFornecUF(int emprCod, int estacaoCod, int compraCod)
@@ -87,6 +94,7 @@ bool TRepF_ItensICMSUFDest::Carregar(TConexaoSQL &conexao, int emprCod, int esta
         para(QStringLiteral("est_mov_estacao_cod")).SetAsInteger(de("estacao_cod").AsInteger());
         para(QStringLiteral("est_mov_cod")).SetAsInteger(de("est_mov_cod").AsInteger());
         para(QStringLiteral("preco_liquido")).SetAsFloat(liquido);
+        CalcularLinha(cds);
         cds.Post();
     }
     cds.First();
@@ -106,16 +114,23 @@ TFigurasUFDest TRepF_ItensICMSUFDest::Calcular(double vbc, double pfcp, double p
     return f;
 }
 
+void TRepF_ItensICMSUFDest::CalcularLinha(TClientDataSet &cds)
+{
+    const TFigurasUFDest f = FigurasDaLinha(cds);
+    const QStringList &c = TSaidaItemEdUFDestF::CamposCalculados();
+    cds.FieldByName(c[0]).SetAsFloat(f.vfcp);
+    cds.FieldByName(c[1]).SetAsFloat(f.vicmsUFDest);
+    cds.FieldByName(c[2]).SetAsFloat(f.vicmsUFRemet);
+}
+
 int TRepF_ItensICMSUFDest::Gravar(TConexaoSQL &conexao, TClientDataSet &cds)
 {
     if (cds.State() == TDataSetState::Edit || cds.State() == TDataSetState::Insert)
         cds.Post();
-    const auto valor = [&cds](const QString &campo) { return cds.FieldByName(campo).AsFloat(); };
     const auto inteiro = [&cds](const char *campo) { return cds.FieldByName(QLatin1String(campo)).AsInteger(); };
-    const QStringList &c = TSaidaItemEdUFDestF::CamposEditaveis();
     int falhas = 0;
     for (cds.First(); !cds.Eof(); cds.Next()) {
-        const TFigurasUFDest f = Calcular(valor(c[0]), valor(c[1]), valor(c[2]), valor(c[3]), valor(c[4]));
+        const TFigurasUFDest f = FigurasDaLinha(cds);
         const int empr = inteiro("est_mov_empr_cod"), estacao = inteiro("est_mov_estacao_cod"), mov = inteiro("est_mov_cod");
         if (conexao.Exec(TICMSUFDest_DBI::SqlAtualizar(f, empr, estacao, mov)))
             continue;
@@ -140,6 +155,7 @@ bool TRepF_ItensICMSUFDest::Perguntar(int emprCod, int estacaoCod, int compraCod
     banco.database = database;
     TConexaoSQL conexao(banco);
     dialogo.Cds().EmptyDataSet();
+    dialogo.DefinirCalculo(&CalcularLinha);
     dialogo.setWindowTitle(Titulo(tipoDocStr, ndoc, dtDoc, fornecNomeRed));
     const auto conectar = [&conexao, &database] {
         if (conexao.Conectar())

@@ -36,6 +36,8 @@ public:
     static double PrecoLiquido(double qtd, double precoUnit, double desconto);
     // The three values from the row's five figures; the base is carried along, not used.
     static TFigurasUFDest Calcular(double vbc, double pfcp, double picmsUFDest, double picmsInter, double picmsInterPart);
+    // The current row's (in Edit or Insert state) three values from its five figures.
+    static void CalcularLinha(TClientDataSet &cds);
     // Every row from the first, computed and written; a failed row is reported and the next ones
     // still tried. Answers how many failed.
     static int Gravar(TConexaoSQL &conexao, TClientDataSet &cds);

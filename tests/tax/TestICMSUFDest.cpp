@@ -95,7 +95,10 @@ TEST_F(ICMSUFDest, PostedNoteTypedInTheDialogGetsTheFiguresOnEveryMovement)
         titulo = d.windowTitle();
         EXPECT_EQ(static_cast<TSaidaItemEdUFDestF &>(d).Cds().RecordCount(), 2);
         const QStringList linha{"", "2", "18", "12", "100"};
-        return Digitar(d, linha + linha);
+        const int resultado = Digitar(d, linha + linha);
+        EXPECT_EQ(TextoTabulado(static_cast<TSaidaItemEdUFDestF &>(d).Cds()).section('\n', 2, 2).section('\t', -3),
+                  "0,36\t1,08\t0,00") << "the values follow what was typed";
+        return resultado;
     });
     RegistroSql registro;
     QTest::mouseClick(tela->findChild<QPushButton *>(QStringLiteral("AjustarICMSUFDestButton")), Qt::LeftButton);
@@ -214,8 +217,9 @@ TEST_F(ICMSUFDest, HeadlessCommandPrintsAsksAndWrites)
     mov(1, 1, "2", "10", "1");
     nota(2, 1);
     EXPECT_EQ(rodar("difal 1-1"), "0|Item\tProduto\tDescrição\tFabricante\tValor Líquido\tBC ICMS UF Dest.\t% FCP UF Dest.\t"
-                                  "% ICMS UF Dest.\t% ICMS Interest.\t% Partilha UF Dest.\n"
-                                  "1\t1\tPRODUTO UM\tFABRICANTE TESTE\t19,00\t19,00\t0,00\t0,00\t0,00\t0,00\n");
+                                  "% ICMS UF Dest.\t% ICMS Interest.\t% Partilha UF Dest.\tVl. FCP UF Dest.\t"
+                                  "Vl. ICMS UF Dest.\tVl. ICMS UF Remet.\n"
+                                  "1\t1\tPRODUTO UM\tFABRICANTE TESTE\t19,00\t19,00\t0,00\t0,00\t0,00\t0,00\t0,00\t0,00\t0,00\n");
     EXPECT_EQ(rodar("difal 1-2"), "1|erro: " + MesmaUF + "\n");
     for (const char *errada : {"difal 1-1 --set 18,2", "difal 1-1 --set 18,2,x,1", "difal 1-1 --set 18;2;12;101", "difal 1-1 --set"})
         EXPECT_TRUE(rodar(errada).startsWith("2|")) << errada;
