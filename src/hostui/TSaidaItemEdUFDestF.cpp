@@ -4,6 +4,7 @@
 #include "TClientManager.h"
 #include "TNumEditBR.h"
 
+#include <QColor>
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QIdentityProxyModel>
@@ -56,6 +57,9 @@ public:
     {
         if (role == Qt::EditRole && index.isValid())
             return m_manager->DataSet()->ValueAt(index.row(), Campo(index)->Index());
+        // What cannot be typed over is shown greyed, as the read-only edits are.
+        if (role == Qt::BackgroundRole && index.isValid() && !Editavel(index))
+            return QColor(0xF0, 0xF0, 0xF0);
         return QIdentityProxyModel::data(index, role);
     }
     bool setData(const QModelIndex &index, const QVariant &value, int role) override
@@ -233,16 +237,14 @@ void TSaidaItemEdUFDestF::CriarCampos(TClientDataSet &cds)
     using T = TFieldType;
     cds.AddField(QStringLiteral("nitem"), T::Integer, QStringLiteral("Item"), {}, true, 4);
     cds.AddField(QStringLiteral("prod_cod"), T::Integer, QStringLiteral("Produto"), {}, true, 7);
-    cds.AddField(QStringLiteral("descr"), T::String, QStringLiteral("Descrição"), {}, true, 30);
-    cds.AddField(QStringLiteral("prod_fabr_nome"), T::String, QStringLiteral("Fabricante"), {}, true, 16);
+    cds.AddField(QStringLiteral("descr"), T::String, QStringLiteral("Descrição"), {}, true, 26);
+    cds.AddField(QStringLiteral("prod_fabr_nome"), T::String, QStringLiteral("Fabricante"), {}, true, 14);
     cds.AddField(QStringLiteral("preco_liquido"), T::Float, QStringLiteral("Valor Líquido"), FormatoValor, true, 11);
-    const QStringList titulos{QStringLiteral("BC ICMS UF Dest."), QStringLiteral("% FCP UF Dest."),
-                              QStringLiteral("% ICMS UF Dest."), QStringLiteral("% ICMS Interest."),
-                              QStringLiteral("% Partilha UF Dest.")};
+    const QStringList titulos{QStringLiteral("Base UF Dest."), QStringLiteral("% FCP"), QStringLiteral("% Interna"),
+                              QStringLiteral("% Interest."), QStringLiteral("% Partilha")};
     for (int i = 0; i < CamposEditaveis().size(); ++i)
         cds.AddField(CamposEditaveis().at(i), T::Float, titulos.at(i), i == 0 ? FormatoValor : FormatoTaxa, true, i == 0 ? 11 : 8);
-    const QStringList calculados{QStringLiteral("Vl. FCP UF Dest."), QStringLiteral("Vl. ICMS UF Dest."),
-                                 QStringLiteral("Vl. ICMS UF Remet.")};
+    const QStringList calculados{QStringLiteral("Vl. FCP"), QStringLiteral("Vl. ICMS Dest."), QStringLiteral("Vl. ICMS Remet.")};
     for (int i = 0; i < CamposCalculados().size(); ++i)
         cds.AddField(CamposCalculados().at(i), T::Float, calculados.at(i), FormatoValor, true, 10);
     for (const char *chave : {"est_mov_empr_cod", "est_mov_estacao_cod", "est_mov_cod"})
@@ -274,10 +276,12 @@ TSaidaItemEdUFDestF::TSaidaItemEdUFDestF(QWidget *parent) : QDialog(parent)
     grade->setTabKeyNavigation(true);
     grade->verticalHeader()->hide();
     const int digito = grade->fontMetrics().horizontalAdvance(QLatin1Char('0'));
+    int largura = 0;
     for (int coluna = 0; coluna < m_modelo->columnCount(); ++coluna) {
         const TField &campo = m_cds->Fields(m_manager->FieldOfColumn(coluna));
         grade->setColumnWidth(coluna, qMax(digito * campo.DisplayWidth() + 12,
                                            grade->horizontalHeader()->fontMetrics().horizontalAdvance(campo.DisplayLabel()) + 16));
+        largura += grade->columnWidth(coluna);
     }
 
     auto *ajuda = new QLabel(QStringLiteral("Enter ou Tab: próximo valor    Esc: cancelar"), this);
@@ -294,7 +298,7 @@ TSaidaItemEdUFDestF::TSaidaItemEdUFDestF(QWidget *parent) : QDialog(parent)
     layout->addWidget(grade, 1);
     layout->addWidget(ajuda);
     layout->addWidget(botoes);
-    resize(1000, 420);
+    resize(qMin(largura + 60, 1340), 420);
 }
 
 TSaidaItemEdUFDestF::~TSaidaItemEdUFDestF() = default;

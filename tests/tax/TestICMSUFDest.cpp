@@ -185,24 +185,28 @@ TEST_F(ICMSUFDest, CancelWritesNothingAndAFailedRowDoesNotStopTheNext)
     for (int cod : {1, 2, 3})
         mov(1, cod, "1", "10", "0");
     const QString antes = figuras();
-    // Rates set on every row; the second row's rate does not fit the column.
-    const auto preencher = [](int resultado) {
-        return [resultado](QDialog &d) {
-            TClientDataSet &cds = static_cast<TSaidaItemEdUFDestF &>(d).Cds();
-            for (cds.First(); !cds.Eof(); cds.Next()) {
-                cds.Edit();
-                cds.FieldByName("TRIB_ICMS_PICMSUFDEST").SetAsFloat(cds.RecNo() == 2 ? 1e15 : 18);
-                cds.FieldByName("TRIB_ICMS_PICMSINTER").SetAsFloat(cds.RecNo() == 2 ? 1e15 : 12);
-                cds.FieldByName("TRIB_ICMS_PICMSINTERPART").SetAsFloat(100);
-                cds.Post();
-            }
-            return resultado;
-        };
-    };
-    roteiro.Responder(preencher(QDialog::Rejected));
+    roteiro.Responder([](QDialog &d) {
+        d.show();
+        QApplication::setActiveWindow(&d);
+        QTest::keyClicks(QApplication::focusWidget(), "5");
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Escape);
+        EXPECT_FALSE(d.isVisible()) << "one Esc cancels, even in a cell";
+        return d.result();
+    });
     EXPECT_FALSE(perguntar(1));
     EXPECT_EQ(figuras(), antes);
-    roteiro.Responder(preencher(QDialog::Accepted));
+    // The second row's rates do not fit the column.
+    roteiro.Responder([](QDialog &d) {
+        TClientDataSet &cds = static_cast<TSaidaItemEdUFDestF &>(d).Cds();
+        for (cds.First(); !cds.Eof(); cds.Next()) {
+            cds.Edit();
+            cds.FieldByName("TRIB_ICMS_PICMSUFDEST").SetAsFloat(cds.RecNo() == 2 ? 1e15 : 18);
+            cds.FieldByName("TRIB_ICMS_PICMSINTER").SetAsFloat(cds.RecNo() == 2 ? 1e15 : 12);
+            cds.FieldByName("TRIB_ICMS_PICMSINTERPART").SetAsFloat(100);
+            cds.Post();
+        }
+        return int(QDialog::Accepted);
+    });
     EXPECT_TRUE(perguntar(1));
     EXPECT_EQ(figuras(), "10.0000:0.0000:18.0000:12.0000:100.0000:0.0000:1.0800:0.0000 " + antes.section(' ', 1, 1)
                              + " 10.0000:0.0000:18.0000:12.0000:100.0000:0.0000:1.0800:0.0000");
@@ -216,15 +220,14 @@ TEST_F(ICMSUFDest, HeadlessCommandPrintsAsksAndWrites)
     nota(1, 2);
     mov(1, 1, "2", "10", "1");
     nota(2, 1);
-    EXPECT_EQ(rodar("difal 1-1"), "0|Item\tProduto\tDescrição\tFabricante\tValor Líquido\tBC ICMS UF Dest.\t% FCP UF Dest.\t"
-                                  "% ICMS UF Dest.\t% ICMS Interest.\t% Partilha UF Dest.\tVl. FCP UF Dest.\t"
-                                  "Vl. ICMS UF Dest.\tVl. ICMS UF Remet.\n"
+    EXPECT_EQ(rodar("difal 1-1"), "0|Item\tProduto\tDescrição\tFabricante\tValor Líquido\tBase UF Dest.\t% FCP\t"
+                                  "% Interna\t% Interest.\t% Partilha\tVl. FCP\tVl. ICMS Dest.\tVl. ICMS Remet.\n"
                                   "1\t1\tPRODUTO UM\tFABRICANTE TESTE\t19,00\t19,00\t0,00\t0,00\t0,00\t0,00\t0,00\t0,00\t0,00\n");
     EXPECT_EQ(rodar("difal 1-2"), "1|erro: " + MesmaUF + "\n");
     for (const char *errada : {"difal 1-1 --set 18,2", "difal 1-1 --set 18,2,x,1", "difal 1-1 --set 18;2;12;101", "difal 1-1 --set"})
         EXPECT_TRUE(rodar(errada).startsWith("2|")) << errada;
     const QString antes = figuras();
-    EXPECT_TRUE(rodar("difal 1-1 --set 18,2,12,100").contains("-> não")) ;
+    EXPECT_TRUE(rodar("difal 1-1 --set 18,2,12,100").contains("-> não"));
     EXPECT_EQ(figuras(), antes);
     EXPECT_TRUE(rodar("difal 1-1 --set 18;2,5;12;60 --yes").endsWith("ICMS da UF de destino gravado em 1 movimentos da nota 001-0000001\n"));
     EXPECT_EQ(figuras(), "19.0000:2.5000:18.0000:12.0000:60.0000:0.4500:0.6500:0.4300");
