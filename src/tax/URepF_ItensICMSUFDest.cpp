@@ -7,6 +7,7 @@
 #include "TConexD.h"
 #include "TConexaoSQL.h"
 #include "TSaidaItemEdUFDestF.h"
+#include "UTipoDoc.h"
 #include "Valores.h"
 
 #include <QScopeGuard>
@@ -14,8 +15,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr int NotaComplementar = 39;
 
 double Round2(double valor) { return RoundTo(valor, 2); }
 
@@ -37,7 +36,7 @@ QString TRepF_ItensICMSUFDest::CompraToFornecUF(int emprCod, int estacaoCod, int
 
 QString TRepF_ItensICMSUFDest::Recusa(TConexaoSQL &conexao, int emprCod, int estacaoCod, int compraCod, int tipoCod)
 {
-    if (tipoCod == NotaComplementar)
+    if (tipoCod == TipoDoc::NotaComplementar)
         return {};
     QString ufFornec;
     if (!TICMSUFDest_DBI::FornecUF(conexao, emprCod, estacaoCod, compraCod, ufFornec))
@@ -47,7 +46,7 @@ QString TRepF_ItensICMSUFDest::Recusa(TConexaoSQL &conexao, int emprCod, int est
     const QString ufEmpresa = Contexto::Atual().ufEmpresa.trimmed();
     if (ufEmpresa.isEmpty())
         return QStringLiteral("A UF da empresa não foi indicada. Indique e tente novamente");
-    if (ufFornec == ufEmpresa)
+    if (ufFornec.compare(ufEmpresa, Qt::CaseInsensitive) == 0)
         return QStringLiteral("Esta opção só é válida quando o fornecedor é de uma UF diferente da empresa");
     return {};
 }
