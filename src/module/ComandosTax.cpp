@@ -44,7 +44,7 @@ std::optional<double> lerTaxa(const QString &texto)
 // U,F,I,P: the destination's internal rate, its FCP rate, the interstate rate, the share.
 std::optional<std::array<double, 4>> lerTaxas(const QString &texto)
 {
-    // A comma inside a rate ("2,5") is told apart from the separator by a ';' or by the count.
+    // With a decimal comma ("2,5") the rates are separated by ';'.
     QStringList partes = texto.split(QLatin1Char(texto.contains(QLatin1Char(';')) ? ';' : ','));
     if (partes.size() != 4)
         return std::nullopt;
