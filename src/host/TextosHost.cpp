@@ -32,3 +32,27 @@ QString CodComMasc(const QString &codigo)
         return c.left(3) + u'.' + c.mid(3, 3) + u'.' + c.mid(6, 3) + u'-' + c.right(2);
     return codigo;
 }
+
+QString StrSemEspacoDuplo(const QString &texto)
+{
+    QString r;
+    r.reserve(texto.size());
+    for (const QChar c : texto)
+        if (c != u' ' || !r.endsWith(u' '))
+            r += c;
+    return r;
+}
+
+QChar CharSemAcento(QChar c)
+{
+    if (!c.isLetter() || c.unicode() < 0x80)
+        return c;
+    // The canonical decomposition puts the base letter first and its marks after it.
+    const QString decomposto = QString(c).normalized(QString::NormalizationForm_D);
+    if (decomposto.size() < 2 || !decomposto.at(0).isLetter())
+        return c;
+    for (qsizetype i = 1; i < decomposto.size(); ++i)
+        if (decomposto.at(i).category() != QChar::Mark_NonSpacing)
+            return c;
+    return decomposto.at(0);
+}

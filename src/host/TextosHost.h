@@ -13,3 +13,8 @@ QString SoDig(const QString &texto);
 // A CNPJ as 99.999.999/9999-99 (14 characters) or a CPF as 999.999.999-99 (11); any other
 // length comes back as it is. Letters count as characters: the alphanumeric CNPJ is masked alike.
 QString CodComMasc(const QString &codigo);
+
+// The text with every run of spaces reduced to one space.
+QString StrSemEspacoDuplo(const QString &texto);
+// A letter without its accent ('á' -> 'a', 'Ç' -> 'C'); any other character as it is.
+QChar CharSemAcento(QChar c);
