@@ -40,7 +40,7 @@ std::optional<TGradeImpr> DoItem(TRepD &repD, const TNotaLinha &nota, const QDat
         return std::nullopt;
     }
     return TEstoInsuItemF::Conteudo(nota.chave.emprCod, nota.chave.compraCod, dtDoc, prodCod,
-                                    itens.FieldByName(QStringLiteral("prod_DESCR")).AsString(),
+                                    itens.FieldByName(QStringLiteral("prod_DESCR")).AsString().trimmed(),
                                     itens.FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), conexao);
 }
 

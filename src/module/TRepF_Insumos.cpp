@@ -42,7 +42,7 @@ void TRepF::InsumosItemExecute()
                           notas.FieldByName(QStringLiteral("compra_cod")).AsInteger(),
                           itens.FieldByName(QStringLiteral("COMPRA_ITEM_TMP_COD")).AsInteger(),
                           notas.FieldByName(QStringLiteral("DT_DOC")).AsDate(), prodCod,
-                          itens.FieldByName(QStringLiteral("prod_DESCR")).AsString(),
+                          itens.FieldByName(QStringLiteral("prod_DESCR")).AsString().trimmed(),
                           itens.FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), m_conexao, this);
 }
 
