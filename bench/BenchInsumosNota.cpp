@@ -62,11 +62,7 @@ QString SqlDados()
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    // bench_insumos_nota [items [rounds]]
-    if (argc > 1)
-        g_itens = std::max(1, QString::fromLocal8Bit(argv[1]).toInt());
-    if (argc > 2)
-        g_rodadas = std::max(1, QString::fromLocal8Bit(argv[2]).toInt());
+    Medicao::LerTamanho(argc, argv, g_itens, g_rodadas);
     BancoTeste::FixarRelogio();
 
     QTemporaryDir pasta;
