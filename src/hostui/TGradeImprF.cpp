@@ -38,7 +38,7 @@ QList<double> LargurasDasColunas(const TGradeImpr &conteudo, const QFontMetricsF
         larguras[coluna] = titulos.horizontalAdvance(grade.Cells(coluna, 0));
         for (int linha = 1; linha < grade.RowCount(); ++linha)
             larguras[coluna] = std::max(larguras[coluna], texto.horizontalAdvance(grade.Cells(coluna, linha)));
-        larguras[coluna] += 2 * folga;
+        larguras[coluna] += 3 * folga;   // a margin each side, and room for the device's own rounding
     }
     double soma = 0;
     for (double l : larguras)

@@ -48,17 +48,16 @@ protected:
         return ComandosHeadless::Executar(linha.split(QLatin1Char(' ')), s, e);
     }
 
-    // What a screen showed: caption, label, header, then the grid's titles and cells.
+    // What a screen showed: caption, label, header, and its grid as lines of tab-separated cells.
     static QStringList Retrato(const TGradeImprF &tela)
     {
-        QStringList r{tela.windowTitle(), tela.ExplicacaoLabel()->text(), tela.CabecalhoLabel()->text()};
         const QTableWidget *grade = tela.Grade();
-        for (int c = 0; c < grade->columnCount(); ++c)
-            r << grade->horizontalHeaderItem(c)->text();
-        for (int l = 0; l < grade->rowCount(); ++l)
+        QString celulas;
+        for (int l = -1; l < grade->rowCount(); ++l)
             for (int c = 0; c < grade->columnCount(); ++c)
-                r << grade->item(l, c)->text();
-        return r;
+                celulas += (l < 0 ? grade->horizontalHeaderItem(c) : grade->item(l, c))->text()
+                           + QLatin1Char(c + 1 < grade->columnCount() ? '\t' : '\n');
+        return {tela.windowTitle(), tela.ExplicacaoLabel()->text(), tela.CabecalhoLabel()->text(), celulas};
     }
 
     QString saida;
@@ -113,11 +112,10 @@ TEST_F(Insumos, TelasMostramOsInsumosEImprimemEmPdf)
     dialogos.ResponderArquivo(pdf);
     tela->Acao(QStringLiteral("EstoInsumosItemAct"))->trigger();
     const QString cabecItem = QStringLiteral("Nota: 001-000050   Data: 10/11/26\n20 - BOLO  Qtd.Item:2");
-    EXPECT_EQ(visto.mid(0, 3), (QStringList{QStringLiteral("Insumos do Item"),
-                                            QStringLiteral("Produtos que serão consumidos por este item conforme a lista de "
-                                                           "componentes em Estoque, Produtos"),
-                                            cabecItem}));
-    EXPECT_EQ(visto.mid(3).join(QLatin1Char('\t')) + QLatin1Char('\n'), QString(itemTab).replace(QLatin1Char('\n'), QLatin1Char('\t')).chopped(1) + QLatin1Char('\n'));
+    EXPECT_EQ(visto, (QStringList{QStringLiteral("Insumos do Item"),
+                                  QStringLiteral("Produtos que serão consumidos por este item conforme a lista de "
+                                                 "componentes em Estoque, Produtos"),
+                                  cabecItem, itemTab}));
     QProcess texto;
     texto.start(QStringLiteral("pdftotext"), {QStringLiteral("-layout"), pdf, QStringLiteral("-")});
     ASSERT_TRUE(texto.waitForFinished(10000));
@@ -133,11 +131,10 @@ TEST_F(Insumos, TelasMostramOsInsumosEImprimemEmPdf)
     itens.Post();
     roteiro.Responder([&](QDialog &d) { visto = Retrato(dynamic_cast<TGradeImprF &>(d)); return int(QDialog::Rejected); });
     tela->Acao(QStringLiteral("EstoInsumosNotaAct"))->trigger();
-    EXPECT_EQ(visto.mid(0, 3), (QStringList{QStringLiteral("Insumos da nota"),
-                                            QStringLiteral("Produtos que serão consumidos conforme a lista de componentes em "
-                                                           "Estoque, Produtos"),
-                                            QStringLiteral("Nota: 001-000050   Data: 10/11/26")}));
-    EXPECT_EQ(visto.mid(3).join(QLatin1Char('\t')) + QLatin1Char('\n'), QString(notaTab).replace(QLatin1Char('\n'), QLatin1Char('\t')).chopped(1) + QLatin1Char('\n'));
+    EXPECT_EQ(visto, (QStringList{QStringLiteral("Insumos da nota"),
+                                  QStringLiteral("Produtos que serão consumidos conforme a lista de componentes em "
+                                                 "Estoque, Produtos"),
+                                  QStringLiteral("Nota: 001-000050   Data: 10/11/26"), notaTab}));
     EXPECT_EQ(roteiro.Pendentes() + roteiro.SemResposta(), 0);
     EXPECT_TRUE(dialogos.Mensagens().isEmpty()) << primeiraMensagem().toStdString();
 }
@@ -189,3 +186,29 @@ TEST_F(Insumos, ComandoImprimeAsLinhasDasTelasEABaixaGravaOsMesmosInsumos)
 }
 
 } // namespace
+
+TEST(GradeImpr, PaginasRepetemOsTitulosENumeram)
+{
+    TGradeImpr longa{.titulo = QStringLiteral("Insumos da nota"), .explicacao = QStringLiteral("Explicação"),
+                     .cabecalho = QStringLiteral("Linha 1\r\nLinha 2"), .grade = {}, .colunasADireita = {0}};
+    longa.grade.SetTitulos({QStringLiteral("Código"), QStringLiteral("Descrição")});
+    for (int i = 1; i <= 150; ++i)
+        longa.grade.AdicionarLinha({QString::number(i), QStringLiteral("INSUMO %1").arg(i)});
+    QTemporaryDir pasta;
+    const QString pdf = pasta.filePath(QStringLiteral("longa.pdf"));
+    QString erro;
+    ASSERT_TRUE(GravarPdfGradeImpr(longa, pdf, &erro)) << erro.toStdString();
+    QProcess texto;
+    texto.start(QStringLiteral("pdftotext"), {pdf, QStringLiteral("-")});
+    ASSERT_TRUE(texto.waitForFinished(10000));
+    const QStringList paginas = QString::fromUtf8(texto.readAllStandardOutput()).split(QLatin1Char('\f'), Qt::SkipEmptyParts);
+    ASSERT_GE(paginas.size(), 3);
+    for (int p = 0; p < paginas.size(); ++p) {
+        EXPECT_TRUE(paginas[p].contains(QStringLiteral("Descrição"))) << p;
+        EXPECT_TRUE(paginas[p].contains(QStringLiteral("Página %1 de %2").arg(p + 1).arg(paginas.size()))) << p;
+        EXPECT_EQ(paginas[p].contains(QStringLiteral("Linha 2")), p == 0) << p;
+    }
+    EXPECT_TRUE(paginas.last().contains(QStringLiteral("INSUMO 150")));
+    EXPECT_FALSE(GravarPdfGradeImpr(longa, pasta.filePath(QStringLiteral("nao/existe.pdf")), &erro));
+    EXPECT_TRUE(erro.startsWith(QStringLiteral("Não foi possível gravar o PDF "))) << erro.toStdString();
+}
