@@ -22,7 +22,6 @@ public:
     const TProdCompoList &Composicao(int prodCod);
 
 private:
-
     TConexaoSQL &m_conexao;
     std::unordered_map<int, TProdCompoList> m_composicoes;
 };

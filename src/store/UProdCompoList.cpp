@@ -24,7 +24,8 @@ void TProdCompoList::Pegar(int prodCod, const QString &descr, const QString &uni
             return;
         }
     }
-    m_primeiro.insert(prodCod, int(m_itens.size()));   // keeps the first line of a repeated input
+    if (!m_primeiro.contains(prodCod))   // a repeated input keeps pointing at its first line
+        m_primeiro.insert(prodCod, int(m_itens.size()));
     m_itens.push_back(std::make_unique<TProdCompo>(prodCod, descr, unidSigla, qtd));
 }
 

@@ -80,6 +80,7 @@ TEST_F(Insumos, NotaSomaPorInsumoArredondandoCadaFatorEItemRepeteOInsumo)
     ASSERT_TRUE(TProdCompoList_DBI::PreencherDeItem(item, db.conexao(), 20));
     TProdCompoList_UI::PreencherStringGridItem(grade, item, 2);
     EXPECT_EQ(TextoTabulado(grade), itemTab);
+    EXPECT_EQ(item.ProdCodFilhoToProdCompo(1), &item.GetProdCompo(1));   // the first of the repeated lines
 
     // Another company's note, a product without composition and an unreadable database give nothing.
     TProdCompoList vazia;
