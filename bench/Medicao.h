@@ -60,6 +60,15 @@ inline bool Repetir(TConexaoSQL &conexao, const QStringList &sqls)
     return true;
 }
 
+// "bench_x [items [rounds]]": a smaller run while investigating; the defaults otherwise.
+inline void LerTamanho(int argc, char **argv, int &itens, int &rodadas)
+{
+    if (argc > 1)
+        itens = std::max(1, QString::fromLocal8Bit(argv[1]).toInt());
+    if (argc > 2)
+        rodadas = std::max(1, QString::fromLocal8Bit(argv[2]).toInt());
+}
+
 // One company, one supplier, one unit, one tax situation and three price tables: what a
 // benchmark's products and notes refer to.
 inline QStringList CadastrosDaLoja()

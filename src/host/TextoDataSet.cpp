@@ -1,6 +1,7 @@
 #include "TextoDataSet.h"
 
 #include "TClientDataSet.h"
+#include "TStringGrid.h"
 
 #include <QList>
 #include <QStringList>
@@ -35,6 +36,18 @@ QString TextoTabulado(const TClientDataSet &dataSet)
         QStringList valores;
         for (int campo : visiveis)
             valores << CampoDeLinha(dataSet.DisplayTextAt(linha, campo));
+        texto += valores.join(QLatin1Char('\t')) + QLatin1Char('\n');
+    }
+    return texto;
+}
+
+QString TextoTabulado(const TStringGrid &grade)
+{
+    QString texto;
+    for (int linha = 0; linha < grade.RowCount(); ++linha) {
+        QStringList valores;
+        for (int coluna = 0; coluna < grade.ColCount(); ++coluna)
+            valores << CampoDeLinha(grade.Cells(coluna, linha));
         texto += valores.join(QLatin1Char('\t')) + QLatin1Char('\n');
     }
     return texto;

@@ -114,3 +114,12 @@ Money TProdPromo_PrecoPromoDBI::GetPrecoPromo(TConexaoSQL &conexao, int prodCod,
                                       + QLatin1String(" and (dt_fim is null or dt_fim>=") + data
                                       + QLatin1String(") order by dt_ini desc"));
 }
+
+int ProdCodToTipo(TConexaoSQL &conexao, int prodCod)
+{
+    const auto q = conexao.Ab(QLatin1String("select prod_tipo_cod from prod where prod_cod=") + QString::number(prodCod));
+    if (!q || q->IsEmpty())
+        return 0;
+    const QString tipo = q->Fields(0).AsString();
+    return tipo.isEmpty() ? 0 : tipo.at(0).unicode();
+}

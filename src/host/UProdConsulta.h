@@ -42,6 +42,11 @@ std::optional<TProdDescr> BarCodToProdDescr(TConexaoSQL &conexao, const QString 
 // so that the package check asks for it.
 double ProdCodToEmbQtd(TConexaoSQL &conexao, int prodCod);
 
+// The product's kind as the character code of prod_tipo_cod (37 for '%', a composition); 0 when
+// the product has no kind, does not exist or cannot be read.
+int ProdCodToTipo(TConexaoSQL &conexao, int prodCod);
+constexpr int ProdTipoComposicao = '%';
+
 // The product's current sale price in price table 1 for the company; 0 when it has none.
 Money PrecoProd(TConexaoSQL &conexao, int prodCod, int emprCod);
 

@@ -1,10 +1,58 @@
 // "Insumos do Item" and "Insumos da Nota": the inputs the current note's production consumes.
 #include "TRepF.h"
 
+#include "Dialogos.h"
+#include "UEstoInsuItemF.h"
+#include "UEstoInsuNotaF.h"
+#include "UProdConsulta.h"
+
+#include <QAction>
+#include <QScopeGuard>
+
+namespace {
+
+// Disabled while it runs, and enabled again however it ends.
+auto Desabilitar(QAction *acao)
+{
+    if (acao)
+        acao->setEnabled(false);
+    return qScopeGuard([acao] {
+        if (acao)
+            acao->setEnabled(true);
+    });
+}
+
+} // namespace
+
 void TRepF::InsumosItemExecute()
 {
+    const auto reabilitar = Desabilitar(Acao(QStringLiteral("EstoInsumosItemAct")));
+    TClientDataSet &itens = ItensNota();
+    if (itens.IsEmpty()) {
+        MensagemInfo(QStringLiteral("Não há itens na nota"));
+        return;
+    }
+    const int prodCod = itens.FieldByName(QStringLiteral("prod_cod")).AsInteger();
+    if (ProdCodToTipo(m_conexao, prodCod) != ProdTipoComposicao) {
+        MensagemInfo(QStringLiteral("O item não é do tipo Composição"));
+        return;
+    }
+    const TClientDataSet &notas = RepD().Notas();
+    TEstoInsuItemF::Abrir(notas.FieldByName(QStringLiteral("empr_cod")).AsInteger(),
+                          notas.FieldByName(QStringLiteral("compra_cod")).AsInteger(),
+                          itens.FieldByName(QStringLiteral("COMPRA_ITEM_TMP_COD")).AsInteger(),
+                          notas.FieldByName(QStringLiteral("DT_DOC")).AsDate(), prodCod,
+                          itens.FieldByName(QStringLiteral("prod_DESCR")).AsString().trimmed(),
+                          itens.FieldByName(QStringLiteral("QTD_COMPRADA")).AsFloat(), m_conexao, this);
 }
 
 void TRepF::InsumosNotaExecute()
 {
+    const auto reabilitar = Desabilitar(Acao(QStringLiteral("EstoInsumosNotaAct")));
+    const TClientDataSet &notas = RepD().Notas();
+    if (notas.IsEmpty())
+        return;
+    TEstoInsuNotaF::Abrir(notas.FieldByName(QStringLiteral("empr_cod")).AsInteger(),
+                          notas.FieldByName(QStringLiteral("compra_cod")).AsInteger(),
+                          notas.FieldByName(QStringLiteral("DT_DOC")).AsDate(), m_conexao, this);
 }

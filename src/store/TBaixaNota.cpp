@@ -210,7 +210,12 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
 
     const TColunasItem colunas(itens);
     const TNotaEstMov notaMov{nota.chave.emprCod, nota.chave.estacaoCod, nota.chave.compraCod, nota.tipoCod};
-    const auto composicoes = TEstMovCompo_DBI::CarregarDaNota(conexao, nota.chave);
+    // Every composition is read before the first movement, so that one that cannot be read stops
+    // the posting before anything is written.
+    TEstMovCompo_DBI insumos(conexao);
+    const int colunaProd = itens.FieldIndex(QStringLiteral("prod_cod"));
+    for (itens.First(); !itens.Eof(); itens.Next())
+        insumos.Composicao(itens.Fields(colunaProd).AsInteger());
     int contador = 1;
     for (itens.First(); !itens.Eof(); itens.Next(), ++contador) {
         if (contador % PassoProgresso == 0)
@@ -226,7 +231,7 @@ void BaixarItens(TConexaoSQL &conexao, const TNotaLinha &nota, TQ &itens, bool s
 
         const int estMovCod = TBaixaNota::GetEstMovCod(conexao, notaMov, item, qtd, custo, preco);
         ++lancados;
-        TEstMovCompo_DBI::Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd, conexao, composicoes);
+        insumos.Gravar(Contexto::Atual().empresa, estMovCod, item.prodCod, qtd);
         ExecOuErro(conexao,
                    QLatin1String("update est_mov set info_adic=") + QuotedStr(item.infoAdic)
                        + QLatin1String(" where empr_cod=") + Int(nota.chave.emprCod)

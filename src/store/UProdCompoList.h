@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -44,6 +45,7 @@ public:
 
 private:
     std::vector<std::unique_ptr<TProdCompo>> m_itens;
+    QHash<int, int> m_primeiro;   // input product -> its first line, so long notes sum quickly
 };
 
 class TProdCompoList_DBI final
@@ -53,4 +55,9 @@ public:
     // database cannot be read; the list then stays as it was and nothing is shown.
     static bool PreencherDeItem(TProdCompoList &lista, TConexaoSQL &conexao, int prodCodPai);
     static QString SqlDeItem(int prodCodPai);
+    // The inputs the staged items of the note consume, summed per input product: each item's
+    // quantity is round3(emb_qtd) x round3(qtd_embs), each input's round3(round3(qtd) x that).
+    // Items under any station count. False as above.
+    static bool PreencherDeNota(TProdCompoList &lista, TConexaoSQL &conexao, int emprCod, int compraCod);
+    static QString SqlDeNota(int emprCod, int compraCod);
 };

@@ -30,7 +30,11 @@ select valor from config where chave='REP_PRODUC_CUSTO_CRIA'
 select * from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=1 and compra_item_tmp.estacao_cod=10
  order by compra_item_tmp_cod
 ;
-select prod_compo.prod_cod_pai, prod.prod_cod, prod_compo.qtd from prod join prod_compo on prod.prod_cod=prod_compo.prod_cod_filho join unid on prod.unid_cod=unid.unid_cod where prod_compo.prod_cod_pai in (select prod_cod from compra_item_tmp where empr_cod=1 and compra_cod=1 and estacao_cod=10) order by prod_compo.prod_cod_pai, prod.descr
+select prod.prod_cod, prod.descr, prod_compo.qtd, unid.sigla from prod join prod_compo on prod.prod_cod=prod_compo.prod_cod_filho join unid on prod.unid_cod=unid.unid_cod where prod_compo.prod_cod_pai=1 order by prod.descr
+;
+;
+select prod.prod_cod, prod.descr, prod_compo.qtd, unid.sigla from prod join prod_compo on prod.prod_cod=prod_compo.prod_cod_filho join unid on prod.unid_cod=unid.unid_cod where prod_compo.prod_cod_pai=3 order by prod.descr
+;
 ;
 select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=1 and estacao_cod=10 and compra_item_tmp_cod=1 order by tab_preco_cod
 ;
@@ -126,7 +130,8 @@ select valor from config where chave='REP_PRODUC_CUSTO_CRIA'
 select * from COMPRA_ITEM_TMP where empr_cod=1 and compra_cod=2 and compra_item_tmp.estacao_cod=10
  order by compra_item_tmp_cod
 ;
-select prod_compo.prod_cod_pai, prod.prod_cod, prod_compo.qtd from prod join prod_compo on prod.prod_cod=prod_compo.prod_cod_filho join unid on prod.unid_cod=unid.unid_cod where prod_compo.prod_cod_pai in (select prod_cod from compra_item_tmp where empr_cod=1 and compra_cod=2 and estacao_cod=10) order by prod_compo.prod_cod_pai, prod.descr
+select prod.prod_cod, prod.descr, prod_compo.qtd, unid.sigla from prod join prod_compo on prod.prod_cod=prod_compo.prod_cod_filho join unid on prod.unid_cod=unid.unid_cod where prod_compo.prod_cod_pai=2 order by prod.descr
+;
 ;
 select tab_preco_cod, preco from COMPRA_ITEM_TMP_precos where empr_cod=1 and estacao_cod=1 and compra_item_tmp_cod=3 order by tab_preco_cod
 ;

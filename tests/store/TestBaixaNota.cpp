@@ -174,9 +174,10 @@ TEST_F(BaixaNota, ProgressoACadaDezItensSemNovasConexoes)
     const int anexacoes = TConexaoSQL::AnexacoesAbertas();
     RegistroSql registro;
     ASSERT_TRUE(Baixar());
-    // 7 statements for the note, 9 per item (its prices, movement code, movement with link, text,
-    // taxes, cost, three prices) and 2 more per item with inputs (their codes, one input).
-    EXPECT_EQ(RegistroSql::Sql().size(), 7 + 25 * 9 + 8 * 2) << RegistroSql::Sql().join('\n').toStdString();
+    // 6 statements for the note, one composition per distinct product (3), 9 per item (its prices,
+    // movement code, movement with link, text, taxes, cost, three prices) and 2 more per item
+    // with inputs (their codes, one input).
+    EXPECT_EQ(RegistroSql::Sql().size(), 6 + 3 + 25 * 9 + 8 * 2) << RegistroSql::Sql().join('\n').toStdString();
     // One attachment may be opened for the host's connection beside the module's, none per item.
     EXPECT_LE(TConexaoSQL::AnexacoesAbertas() - anexacoes, 2);
     EXPECT_EQ(progresso.Posicao(), 20);
