@@ -12,8 +12,11 @@ double TProdCompo::GetQtd() const
 
 TProdCompo *TProdCompoList::ProdCodFilhoToProdCompo(int prodCod)
 {
-    const auto i = m_primeiro.constFind(prodCod);
-    return i == m_primeiro.cend() ? nullptr : m_itens[*i].get();
+    for (const auto &item : m_itens) {
+        if (item->ProdCod() == prodCod)
+            return item.get();
+    }
+    return nullptr;
 }
 
 void TProdCompoList::Pegar(int prodCod, const QString &descr, const QString &unidSigla, double qtd, bool somar)
@@ -24,8 +27,6 @@ void TProdCompoList::Pegar(int prodCod, const QString &descr, const QString &uni
             return;
         }
     }
-    if (!m_primeiro.contains(prodCod))   // a repeated input keeps pointing at its first line
-        m_primeiro.insert(prodCod, int(m_itens.size()));
     m_itens.push_back(std::make_unique<TProdCompo>(prodCod, descr, unidSigla, qtd));
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QHash>
 #include <QString>
 
 #include <memory>
@@ -45,7 +44,6 @@ public:
 
 private:
     std::vector<std::unique_ptr<TProdCompo>> m_itens;
-    QHash<int, int> m_primeiro;   // input product -> its first line, so long notes sum quickly
 };
 
 class TProdCompoList_DBI final

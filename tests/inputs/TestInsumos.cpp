@@ -33,7 +33,8 @@ protected:
                            "insert into prod_compo (prod_cod_pai, prod_cod_filho, qtd) values (20, 1, 0.5);\n"
                            "insert into prod_compo (prod_cod_pai, prod_cod_filho, qtd) values (20, 2, 0.3335);\n"
                            "insert into prod_compo (prod_cod_pai, prod_cod_filho, qtd) values (20, 1, 0.5);\n"));
-        ItemTeste bolo{.cod = 501, .prod = 20, .embQtd = QStringLiteral("1.0005"), .qtdEmbs = QStringLiteral("3")};
+        ItemTeste bolo{.cod = 501, .prod = 20, .embQtd = QStringLiteral("1.0005"), .qtdEmbs = QStringLiteral("3"),
+                       .infoAdic = {}, .precos = {}};
         ASSERT_EQ(InserirNota(db, {.compra = 50, .tipo = '%', .itens = {bolo, Item(502, 20, "2", "10"), Item(503, 2, "4", "10")}}),
                   QString());
         ASSERT_EQ(InserirNota(db, {.compra = 51, .tipo = '%', .itens = {}}), QString());
@@ -151,8 +152,9 @@ TEST_F(Insumos, RecusasDaTelaEDoComando)
         SCOPED_TRACE(c.mensagem);
         dialogos.Limpar();
         ASSERT_TRUE(tela->RepD().Notas().Locate(QStringLiteral("compra_COD"), c.compra));
-        if (c.item)
+        if (c.item) {
             ASSERT_TRUE(tela->ItensNota().Locate(QStringLiteral("COMPRA_ITEM_TMP_COD"), c.item));
+        }
         acao->trigger();
         EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Info), QString::fromUtf8(c.mensagem));
         EXPECT_TRUE(acao->isEnabled());
