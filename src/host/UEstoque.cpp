@@ -9,6 +9,7 @@
 #include <QScopeGuard>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -160,17 +161,24 @@ int CompraEstMovInsNovo(TConexaoSQL &conexao, const TNotaEstMov &nota, int prodC
     const int estMovCod =
         int(GeneratorOuErro(conexao, QStringLiteral("est_mov_g"), QStringLiteral("numerar o movimento de estoque")));
 
+    // The movement keeps the document's line: its number in the note, its unit price (the total
+    // over the quantity, before the discount kept beside it), and the sale price of the day.
+    const Money precoUnit = qtd != 0 ? Money::fromDouble(custoTot.toDouble() / std::fabs(qtd)) : Money();
+    const QString nitem = QLatin1String("(select count(*) + 1 from compra_est_mov where empr_cod=") + Int(nota.emprCod)
+                          + QLatin1String(" and estacao_cod=") + Int(nota.estacaoCod)
+                          + QLatin1String(" and compra_cod=") + Int(nota.compraCod) + QLatin1Char(')');
     QString colunas = QStringLiteral(
-        "empr_cod, estacao_cod, est_mov_cod, tipo, prod_cod, prod_tipo_cod, qtd, custo, custo_tot, preco_unit, "
-        "desconto, cancelado, dth_cri, cfop");
+        "empr_cod, estacao_cod, est_mov_cod, tipo, prod_cod, prod_tipo_cod, nitem, qtd, custo, custo_tot, preco_unit, "
+        "preco_atual, desconto, cancelado, dth_cri, cfop");
     QString valores;
     valores.reserve(1024);
     valores += Int(nota.emprCod) + QLatin1String(", ") + Int(Estoque::EstacaoMov) + QLatin1String(", ") + Int(estMovCod)
                + QLatin1String(", ") + QuotedStr(QString(direcao)) + QLatin1String(", ") + Int(prodCod)
-               + QLatin1String(", (select prod_tipo_cod from prod where prod_cod=") + Int(prodCod) + QLatin1String("), ")
-               + FloatToStrPonto(direcao == Estoque::Saida ? -qtd : qtd) + QLatin1String(", ") + FloatToStrPonto(custo)
-               + QLatin1String(", ") + FloatToStrPonto(custoTot) + QLatin1String(", ") + FloatToStrPonto(preco)
-               + QLatin1String(", ") + FloatToStrPonto(desconto) + QLatin1String(", 'N', ")
+               + QLatin1String(", (select prod_tipo_cod from prod where prod_cod=") + Int(prodCod) + QLatin1String("), ") + nitem
+               + QLatin1String(", ") + FloatToStrPonto(direcao == Estoque::Saida ? -qtd : qtd) + QLatin1String(", ")
+               + FloatToStrPonto(custo) + QLatin1String(", ") + FloatToStrPonto(custoTot) + QLatin1String(", ")
+               + FloatToStrPonto(precoUnit) + QLatin1String(", ") + FloatToStrPonto(preco) + QLatin1String(", ")
+               + FloatToStrPonto(desconto) + QLatin1String(", 'N', ")
                + DataHoraSQLFirebird(Contexto::Atual().Agora()) + QLatin1String(", ") + QuotedStr(cfop);
     // The NF-e group under its own names, then the host's columns taken from it.
     QList<QPair<QLatin1String, QString>> nfe;

@@ -44,12 +44,14 @@ TEST_F(Estoque, MovimentosCustosDesbaixaEEnvio)
         const int prod = 100 + c.tipo;   // one product per case, so each balance stands alone
         const int mov = Movimento(c.tipo, prod, 5, c.tipo);
         EXPECT_EQ(Valor(QStringLiteral("select tipo || ' ' || qtd || ' ' || estacao_cod || ' ' || custo || ' ' || "
-                                       "custo_tot || ' ' || preco_unit || ' ' || cfop || ' ' || vipi || ' ' || cancelado "
+                                       "custo_tot || ' ' || nitem || ' ' || preco_unit || ' ' || preco_atual || ' ' || cfop || ' ' || vipi || ' ' || cancelado "
                                        "from est_mov where est_mov_cod=%1").arg(mov)),
-                  QStringLiteral("%1 %2.0000 10 4.0000 20.0000 6.0000 1102 2.5000 N")
+                  QStringLiteral("%1 %2.0000 10 4.0000 20.0000 1 4.0000 6.0000 1102 2.5000 N")
                       .arg(QLatin1String(c.tipoMov), QLatin1String(c.qtd)));
         EXPECT_EQ(Saldo(db, 1, prod), QLatin1String(c.saldo));
     }
+    // The next line of a note is its second item.
+    EXPECT_EQ(Valor(QStringLiteral("select nitem from est_mov where est_mov_cod=%1").arg(Movimento(34, 134, 1))), "2");
 
     // The link carries the note's own station; the composed product's kind goes with the movement.
     const QString sql = QStringLiteral("select m.tipo || ' ' || l.estacao_cod || ' ' || l.est_mov_estacao_cod || ' ' "

@@ -32,10 +32,10 @@ protected:
     bool Baixar(bool somarIPI = true) { return TBaixaNota(db.conexao()).BaixarNota(*repD.NotaAtual(), somarIPI); }
 
     int Conta(const char *tabela) { return db.valor(QStringLiteral("select count(*) from ") + QLatin1String(tabela)).toInt(); }
-    // "prod:qtd:custo:preco_unit" of the note's movements, in item order.
+    // "prod:qtd:custo:preco_atual" of the note's movements, in item order.
     QString Movimentos(int compra = 1)
     {
-        return db.valor(QStringLiteral("select list(prod_cod || ':' || qtd || ':' || custo || ':' || preco_unit, ' ') from (select "
+        return db.valor(QStringLiteral("select list(prod_cod || ':' || qtd || ':' || custo || ':' || preco_atual, ' ') from (select "
                                        "m.* from est_mov m join compra_est_mov l on l.est_mov_cod=m.est_mov_cod where "
                                        "l.compra_cod=%1 order by m.est_mov_cod)").arg(compra));
     }

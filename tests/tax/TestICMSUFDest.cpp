@@ -103,12 +103,12 @@ TEST_F(ICMSUFDest, PostedNoteTypedInTheDialogGetsTheFiguresOnEveryMovement)
     RegistroSql registro;
     QTest::mouseClick(tela->findChild<QPushButton *>(QStringLiteral("AjustarICMSUFDestButton")), Qt::LeftButton);
     EXPECT_EQ(titulo, QStringLiteral("ENTRADA  Num: 1  Dt.Doc: 10/11/26 FORNEC PR "));
-    // Posting leaves no unit price, so the net value and the base are 0.
-    EXPECT_EQ(figuras(), "0.0000:2.0000:18.0000:12.0000:100.0000:0.3600:1.0800:0.0000 "
-                         "0.0000:2.0000:18.0000:12.0000:100.0000:0.3600:1.0800:0.0000");
+    // Posting left no base, so each opens as the item's net value.
+    EXPECT_EQ(figuras(), "20.0000:2.0000:18.0000:12.0000:100.0000:0.3600:1.0800:0.0000 "
+                         "7.5000:2.0000:18.0000:12.0000:100.0000:0.3600:1.0800:0.0000");
     const QStringList updates = RegistroSql::ComInicio(QStringLiteral("UPDATE EST_MOV"));
     ASSERT_EQ(updates.size(), 2);
-    EXPECT_EQ(updates.first(), "UPDATE EST_MOV SET TRIB_ICMS_VBCUFDEST=0, TRIB_ICMS_PFCPUFDEST=2, TRIB_ICMS_PICMSUFDEST=18, "
+    EXPECT_EQ(updates.first(), "UPDATE EST_MOV SET TRIB_ICMS_VBCUFDEST=20, TRIB_ICMS_PFCPUFDEST=2, TRIB_ICMS_PICMSUFDEST=18, "
                                "TRIB_ICMS_PICMSINTER=12, TRIB_ICMS_PICMSINTERPART=100, TRIB_ICMS_VFCPUFDEST=0.36, "
                                "TRIB_ICMS_VICMSUFDEST=1.08, TRIB_ICMS_VICMSUFREMET=0 WHERE EMPR_COD=1 and estacao_cod=10 "
                                "and est_mov_cod=" + db.valor("select min(est_mov_cod) from est_mov") + ";");
