@@ -39,7 +39,8 @@ Modo modoDe(int argc, char **argv)
             ++i;
             continue;
         }
-        if (arg == QLatin1String("danfe"))
+        // Commands that draw pages need fonts, hence a GUI application, though no display.
+        if (arg == QLatin1String("danfe") || arg == QLatin1String("inputs"))
             return Modo::Desenho;
         if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
             || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")

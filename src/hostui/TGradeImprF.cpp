@@ -193,6 +193,13 @@ void TGradeImprF::Mostrar(const TGradeImpr &conteudo)
         }
     }
     m_grade->resizeColumnsToContents();
+    // The first text column takes the room the figures leave.
+    for (int coluna = 0; coluna < grade.ColCount(); ++coluna) {
+        if (Alinhamento(conteudo, coluna) & Qt::AlignLeft) {
+            m_grade->horizontalHeader()->setSectionResizeMode(coluna, QHeaderView::Stretch);
+            break;
+        }
+    }
 }
 
 void TGradeImprF::ImprimirClick()
