@@ -144,11 +144,10 @@ int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream 
     const char *uso = "EEE-CCCCCCC [--yes]   (ou E-S-C, empresa-estação-código)";
     if (!parser.parse(QStringList{comando} + argumentos))
         return Recusar(erros, comando, parser.errorText(), uso);
-    const QStringList posicionais = parser.positionalArguments();
-    const auto pedida = posicionais.size() == 1 ? LerNota(posicionais.first()) : std::nullopt;
+    const auto pedida = NotaPedida(parser, comando, uso, erros);
     if (!pedida)
-        return Recusar(erros, comando, QString(), uso);
-    const QString texto = posicionais.first().trimmed();
+        return 2;
+    const QString texto = parser.positionalArguments().first().trimmed();
 
     TDialogos *anteriores = TDialogos::Definido();
     TDialogosContados dialogos(parser.isSet(QStringLiteral("yes")), erros);
@@ -199,6 +198,16 @@ int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, c
         erros << "pavrel " << comando << ": " << motivo << Qt::endl;
     erros << "uso: pavrel " << comando << ' ' << uso << Qt::endl;
     return 2;
+}
+
+std::optional<TChaveNota> NotaPedida(const QCommandLineParser &parser, const QString &comando, const char *uso,
+                                     QTextStream &erros)
+{
+    const QStringList posicionais = parser.positionalArguments();
+    const auto pedida = posicionais.size() == 1 ? LerNota(posicionais.first()) : std::nullopt;
+    if (!pedida)
+        Recusar(erros, comando, QString(), uso);
+    return pedida;
 }
 
 std::optional<TChaveNota> LerNota(const QString &texto)

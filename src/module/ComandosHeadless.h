@@ -6,6 +6,7 @@
 
 #include <optional>
 
+class QCommandLineParser;
 class QTextStream;
 class TRepD;
 
@@ -21,6 +22,10 @@ int Recusar(QTextStream &erros, const QString &comando, const QString &motivo, c
 // The note a command names: "EEE-CCCCCCC" or "E-C", "E-S-C" when workstations share a code. The
 // station is -1 when not given: any station.
 std::optional<TChaveNota> LerNota(const QString &texto);
+// The note named by the parsed command line's one positional argument; nullopt once the usage
+// refusal has been written (the command then exits with 2).
+std::optional<TChaveNota> NotaPedida(const QCommandLineParser &parser, const QString &comando, const char *uso,
+                                     QTextStream &erros);
 // Reads the one note named into repD's list; a message on `erros` when it is missing or ambiguous.
 std::optional<TNotaLinha> LerDoBanco(TRepD &repD, const TChaveNota &pedida, const QString &texto,
                                      const QString &comando, QTextStream &erros);

@@ -57,10 +57,9 @@ int Inputs(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
     });
     if (!parser.parse(QStringList{comando} + argumentos))
         return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
-    const QStringList posicionais = parser.positionalArguments();
-    const auto pedida = posicionais.size() == 1 ? ComandosHeadless::LerNota(posicionais.first()) : std::nullopt;
+    const auto pedida = ComandosHeadless::NotaPedida(parser, comando, uso, erros);
     if (!pedida)
-        return ComandosHeadless::Recusar(erros, comando, QString(), uso);
+        return 2;
     bool itemValido = true;
     const int itemCod = parser.isSet(QStringLiteral("item")) ? parser.value(QStringLiteral("item")).toInt(&itemValido) : 0;
     if (!itemValido || itemCod < 0)
@@ -68,7 +67,7 @@ int Inputs(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
 
     TRepD repD(TConexD::Conexao());
     const std::optional<TNotaLinha> nota =
-        ComandosHeadless::LerDoBanco(repD, *pedida, posicionais.first().trimmed(), comando, erros);
+        ComandosHeadless::LerDoBanco(repD, *pedida, parser.positionalArguments().first().trimmed(), comando, erros);
     if (!nota)
         return 1;
     const QDate dtDoc = repD.Notas().FieldByName(QStringLiteral("DT_DOC")).AsDate();

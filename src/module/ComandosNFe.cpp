@@ -58,14 +58,13 @@ int NfeXml(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
     parser.addOption({QStringLiteral("out"), QStringLiteral("copy of the signed XML"), QStringLiteral("FILE")});
     if (!parser.parse(QStringList{comando} + argumentos))
         return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
-    const QStringList posicionais = parser.positionalArguments();
-    const auto pedida = posicionais.size() == 1 ? ComandosHeadless::LerNota(posicionais.first()) : std::nullopt;
+    const auto pedida = ComandosHeadless::NotaPedida(parser, comando, uso, erros);
     if (!pedida)
-        return ComandosHeadless::Recusar(erros, comando, QString(), uso);
+        return 2;
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TRepD repD(conexao);
-    const auto nota = ComandosHeadless::LerDoBanco(repD, *pedida, posicionais.first().trimmed(), comando, erros);
+    const auto nota = ComandosHeadless::LerDoBanco(repD, *pedida, parser.positionalArguments().first().trimmed(), comando, erros);
     if (!nota)
         return 1;
     TEmissorNFe emissor(conexao);

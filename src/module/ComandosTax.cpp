@@ -70,10 +70,9 @@ int Difal(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     parser.addOption({QStringLiteral("yes"), QStringLiteral("answer yes to the question")});
     if (!parser.parse(QStringList{comando} + argumentos))
         return ComandosHeadless::Recusar(erros, comando, parser.errorText(), uso);
-    const QStringList posicionais = parser.positionalArguments();
-    const auto pedida = posicionais.size() == 1 ? ComandosHeadless::LerNota(posicionais.first()) : std::nullopt;
+    const auto pedida = ComandosHeadless::NotaPedida(parser, comando, uso, erros);
     if (!pedida)
-        return ComandosHeadless::Recusar(erros, comando, QString(), uso);
+        return 2;
     std::optional<std::array<double, 4>> taxas;
     if (parser.isSet(QStringLiteral("set"))) {
         taxas = lerTaxas(parser.value(QStringLiteral("set")));
@@ -89,7 +88,7 @@ int Difal(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
 
     TConexaoSQL &conexao = TConexD::Conexao();
     TRepD repD(conexao);
-    const auto nota = ComandosHeadless::LerDoBanco(repD, *pedida, posicionais.first().trimmed(), comando, erros);
+    const auto nota = ComandosHeadless::LerDoBanco(repD, *pedida, parser.positionalArguments().first().trimmed(), comando, erros);
     if (!nota)
         return 1;
     const TChaveNota &k = nota->chave;
