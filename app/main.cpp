@@ -40,7 +40,7 @@ Modo modoDe(int argc, char **argv)
             continue;
         }
         // Commands that draw pages need fonts, hence a GUI application, though no display.
-        if (arg == QLatin1String("danfe") || arg == QLatin1String("inputs"))
+        if (QStringList{QStringLiteral("danfe"), QStringLiteral("inputs"), QStringLiteral("romaneio"), QStringLiteral("labels")}.contains(arg))
             return Modo::Desenho;
         if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
             || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")
@@ -158,6 +158,12 @@ void prepararOpcoes(QCommandLineParser &parser)
         "                        como as telas mostram; com --pdf, também os imprime no arquivo\n"
         "  difal NOTA [--set U,F,I,P --yes]   os movimentos como o ajuste do ICMS da UF de destino abre;\n"
         "                        com --set, grava essas quatro alíquotas em todos eles (--yes confirma)\n"
+        "  export ARQUIVO        grava todas as notas, com seus movimentos de estoque, no arquivo de troca\n"
+        "  import ARQUIVO --yes  EXCLUI todas as notas e seus movimentos e os recria a partir do arquivo\n"
+        "  romaneio NOTA [--pdf ARQUIVO | --text] [--copies N]   imprime o romaneio da nota (na impressora\n"
+        "                        padrão; --pdf grava em PDF; --text mostra as linhas que a impressora recebe)\n"
+        "  labels NOTA --pdf ARQUIVO [--per-unit]   etiquetas de preço dos produtos da nota (uma por\n"
+        "                        produto, ou uma por unidade recebida)\n"
         "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
         "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
         "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));

@@ -1,7 +1,10 @@
 #include "ComandosHeadless.h"
 
+#include "ComandosEtiquetas.h"
+#include "ComandosExpImp.h"
 #include "ComandosInsumos.h"
 #include "ComandosNFe.h"
+#include "ComandosRomaneio.h"
 #include "ComandosTax.h"
 #include "ComandosXml.h"
 #include "Config.h"
@@ -269,6 +272,14 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
         resultado = ComandosInsumos::Inputs(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("difal"))
         resultado = ComandosTax::Difal(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("export"))
+        resultado = ComandosExpImp::Export(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("import"))
+        resultado = ComandosExpImp::Import(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("romaneio"))
+        resultado = ComandosRomaneio::Romaneio(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("labels"))
+        resultado = ComandosEtiquetas::Labels(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("test-certificate"))
         resultado = ComandosNFe::TestCertificate(argumentos.mid(1), saida, erros);
     else

@@ -87,6 +87,7 @@ TRepF::TRepF(QWidget *parent) : TChildMDIBasF(parent)
     CriarItemNota();
     CriarBotoesXML();
     CriarAjustes();
+    CriarTrocaEImpressao();
     pegarProcsImpressora();
     m_andamento = std::make_unique<TAndamento>(m_andamentoPanel, m_andamentoGauge, m_andamentoLabel);
 
@@ -276,7 +277,10 @@ void TRepF::AtualizarAcoes()
                                         QStringLiteral("NotaExportAct"), QStringLiteral("NFEDeInteresseAct"),
                                         QStringLiteral("EmprCadAct"), QStringLiteral("FornecCadAct"),
                                         QStringLiteral("CertificadoAct"), QStringLiteral("AjusteAct"),
-                                        QStringLiteral("EstoInsumosItemAct"), QStringLiteral("EstoInsumosNotaAct")};
+                                        QStringLiteral("EstoInsumosItemAct"), QStringLiteral("EstoInsumosNotaAct"),
+                                        QStringLiteral("ExportarComprasAct"), QStringLiteral("ImportarComprasAct"),
+                                        QStringLiteral("RomaneioImprAct"), QStringLiteral("AltInfoAct"),
+                                        QStringLiteral("EtiqAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));

@@ -8,12 +8,13 @@
 #include "TTabPrecoList.h"
 #include "UDigitadorItens.h"
 
+#include <QAction>
 #include <QHash>
+#include <QScopeGuard>
 #include <QList>
 
 #include <memory>
 
-class QAction;
 class QCheckBox;
 class QComboBox;
 class QDateEdit;
@@ -165,6 +166,26 @@ private:
     void AjustarItemClick();
     void InsumosItemExecute();
     void InsumosNotaExecute();
+    // The exchange file of all notes (TRepF_ExpImp.cpp), the packing list (TRepF_Romaneio.cpp),
+    // the additional information (TRepF_AltInfo.cpp) and the labels (TRepF_Etiquetas.cpp); wired
+    // in CriarTrocaEImpressao.
+    void CriarTrocaEImpressao();
+    void ExportarComprasExecute();
+    void ImportarComprasExecute();
+    void RomaneioImprExecute();
+    void AltInfoExecute();
+    void EtiqExecute();
+    // Disables the action while the returned guard lives, and enables it again however it ends.
+    auto DesabilitarEnquanto(const QString &acao) const
+    {
+        QAction *a = Acao(acao);
+        if (a)
+            a->setEnabled(false);
+        return qScopeGuard([a] {
+            if (a)
+                a->setEnabled(true);
+        });
+    }
     bool ponteiroNoMenu() const;
 
     bool m_producCustoExige = true;

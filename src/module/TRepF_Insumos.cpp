@@ -6,27 +6,10 @@
 #include "UEstoInsuNotaF.h"
 #include "UProdConsulta.h"
 
-#include <QAction>
-#include <QScopeGuard>
-
-namespace {
-
-// Disabled while it runs, and enabled again however it ends.
-auto Desabilitar(QAction *acao)
-{
-    if (acao)
-        acao->setEnabled(false);
-    return qScopeGuard([acao] {
-        if (acao)
-            acao->setEnabled(true);
-    });
-}
-
-} // namespace
 
 void TRepF::InsumosItemExecute()
 {
-    const auto reabilitar = Desabilitar(Acao(QStringLiteral("EstoInsumosItemAct")));
+    const auto reabilitar = DesabilitarEnquanto(QStringLiteral("EstoInsumosItemAct"));
     TClientDataSet &itens = ItensNota();
     if (itens.IsEmpty()) {
         MensagemInfo(QStringLiteral("Não há itens na nota"));
@@ -48,7 +31,7 @@ void TRepF::InsumosItemExecute()
 
 void TRepF::InsumosNotaExecute()
 {
-    const auto reabilitar = Desabilitar(Acao(QStringLiteral("EstoInsumosNotaAct")));
+    const auto reabilitar = DesabilitarEnquanto(QStringLiteral("EstoInsumosNotaAct"));
     const TClientDataSet &notas = RepD().Notas();
     if (notas.IsEmpty())
         return;

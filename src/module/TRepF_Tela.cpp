@@ -206,6 +206,19 @@ void TRepF::CriarAjustes()
     connect(m_acoes.value(QStringLiteral("EstoInsumosNotaAct")), &QAction::triggered, this, &TRepF::InsumosNotaExecute);
 }
 
+void TRepF::CriarTrocaEImpressao()
+{
+    const QList<QPair<const char *, void (TRepF::*)()>> ligacoes = {
+        {"ExportarComprasAct", &TRepF::ExportarComprasExecute},
+        {"ImportarComprasAct", &TRepF::ImportarComprasExecute},
+        {"RomaneioImprAct", &TRepF::RomaneioImprExecute},
+        {"AltInfoAct", &TRepF::AltInfoExecute},
+        {"EtiqAct", &TRepF::EtiqExecute},
+    };
+    for (const auto &[nome, slot] : ligacoes)
+        connect(m_acoes.value(QLatin1String(nome)), &QAction::triggered, this, slot);
+}
+
 void TRepF::montarTela()
 {
     auto *layout = new QVBoxLayout(this);

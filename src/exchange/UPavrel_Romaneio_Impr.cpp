@@ -1,0 +1,1 @@
+#include "UPavrel_Romaneio_Impr.h"

@@ -1,0 +1,9 @@
+#include "ComandosEtiquetas.h"
+
+#include <QTextStream>
+
+namespace ComandosEtiquetas {
+
+int Labels(const QStringList &, QTextStream &, QTextStream &) { return 2; }
+
+} // namespace ComandosEtiquetas

@@ -1,0 +1,3 @@
+#include "TRepF.h"
+
+void TRepF::AltInfoExecute() {}

@@ -1,0 +1,4 @@
+#include "TRepF.h"
+
+void TRepF::ExportarComprasExecute() {}
+void TRepF::ImportarComprasExecute() {}

@@ -1,0 +1,1 @@
+#include "TCompraExpImp_DBI.h"

@@ -1,0 +1,1 @@
+#include "TEtiquetas_DBI.h"

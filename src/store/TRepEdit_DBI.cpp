@@ -1,0 +1,1 @@
+#include "TRepEdit_DBI.h"

@@ -1,0 +1,1 @@
+#include "TRomaneio_DBI.h"
