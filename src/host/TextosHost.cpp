@@ -1,5 +1,7 @@
 #include "TextosHost.h"
 
+#include <algorithm>
+
 QString DataSetStateToString(TDataSetState estado, const QString &nome, int estilo)
 {
     QString palavra;
@@ -55,4 +57,40 @@ QChar CharSemAcento(QChar c)
         if (decomposto.at(i).category() != QChar::Mark_NonSpacing)
             return c;
     return decomposto.at(0);
+}
+
+void EscreverNaStr(QString &destino, const QString &texto, int coluna)
+{
+    const int inicio = std::max(coluna, 1) - 1;
+    if (destino.size() < inicio + texto.size())
+        destino = destino.leftJustified(inicio + texto.size(), QLatin1Char(' '));
+    destino.replace(inicio, texto.size(), texto);
+}
+
+void EscreverNaStrADir(QString &destino, const QString &texto, int colunaFinal)
+{
+    EscreverNaStr(destino, texto, colunaFinal - int(texto.size()) + 1);
+}
+
+QStringList QuebrarTexto(const QString &texto, int largura)
+{
+    largura = std::max(largura, 1);
+    QStringList linhas;
+    QString linha;
+    for (QString palavra : texto.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        if (!linha.isEmpty() && linha.size() + 1 + palavra.size() <= largura) {
+            linha += QLatin1Char(' ') + palavra;
+            continue;
+        }
+        if (!linha.isEmpty())
+            linhas << linha;
+        while (palavra.size() > largura) {
+            linhas << palavra.left(largura);
+            palavra.remove(0, largura);
+        }
+        linha = palavra;
+    }
+    if (!linha.isEmpty() || linhas.isEmpty())
+        linhas << linha;
+    return linhas;
 }
