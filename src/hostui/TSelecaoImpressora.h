@@ -30,7 +30,7 @@ public:
     // Writes the documents into a PDF whole or not at all.
     static bool GravarPdf(const TImpressora &impressora, const QString &arquivo, QString *erro);
 
-protected:
+    // Whether the machine has a printer to choose from.
     virtual bool TemImpressora() const;
 
 private:
