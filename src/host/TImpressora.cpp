@@ -96,7 +96,7 @@ bool TImpressora::desenhar(QPagedPaintDevice &dispositivo, const QList<TDocImpr>
     QPainter pintor;
     if (!pintor.begin(&dispositivo)) {
         if (erro)
-            *erro = QStringLiteral("Não foi possível iniciar o documento na impressora");
+            *erro = QStringLiteral("não foi possível iniciar o documento");
         return false;
     }
     pintor.setFont(QFont(FonteMonoespacada(m_config), &dispositivo));

@@ -4,6 +4,8 @@
 #include <QString>
 #include <QStringList>
 
+#include <utility>
+
 class QPagedPaintDevice;
 
 // The page of the line printer. Margins are in centimetres, in the order left, top, right,

@@ -22,8 +22,11 @@ bool ImprimirDocs(QPrinter &impressora, const TImpressora &docs, QString *erro)
     impressora.setCopyCount(1);
     for (int i = 0; i < docs.Documentos().size(); ++i) {
         impressora.setDocName(docs.Documentos().at(i).titulo);
-        if (!docs.DesenharDoc(impressora, i, erro))
+        if (!docs.DesenharDoc(impressora, i, erro)) {
+            if (erro)
+                *erro = QStringLiteral("Não foi possível imprimir em %1: %2").arg(impressora.printerName(), *erro);
             return false;
+        }
     }
     return true;
 }

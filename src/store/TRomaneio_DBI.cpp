@@ -1,5 +1,6 @@
 #include "TRomaneio_DBI.h"
 
+#include "TChaveNota.h"
 #include "TConexaoSQL.h"
 
 namespace TRomaneio_DBI {
@@ -26,7 +27,7 @@ bool LerCabec(TConexaoSQL &conexao, int emprCod, int compraCod, TRomaneio &roman
         return false;
     if (q->IsEmpty()) {
         if (erro)
-            *erro = QStringLiteral("a nota %1-%2 não existe").arg(emprCod).arg(compraCod);
+            *erro = QStringLiteral("(nota %1 não encontrada)").arg(TChaveNota{emprCod, 0, compraCod}.DocStr());
         return false;
     }
     romaneio.tipoCod = q->FieldByName(QStringLiteral("TIPO_COD")).AsString();

@@ -83,6 +83,7 @@ TEST(LinhaFixa, EscreveNasColunasEQuebraEmBrancos)
         {QString(), {QString()}},
         {QStringLiteral("  duas   palavras "), {QStringLiteral("duas palavras")}},
         {setenta + QStringLiteral(" b"), {setenta, QStringLiteral("b")}},
+        {QString(64, QLatin1Char('a')) + QStringLiteral(" bbbbb c"), {QString(64, QLatin1Char('a')) + QStringLiteral(" bbbbb"), QStringLiteral("c")}},
         {QStringLiteral("x ") + setenta + QStringLiteral("bbbbb c"), {QStringLiteral("x"), setenta, QStringLiteral("bbbbb c")}},
     };
     for (const auto &c : casos)
@@ -205,7 +206,7 @@ TEST_F(Romaneio, PdfEscolhidoCanceladoOuNotaQueNaoExiste)
     dialogos.Limpar();
     dialogos.ResponderArquivo(pasta.filePath(QStringLiteral("nada.pdf")));
     EXPECT_FALSE(Novo(999).Execute(selecao));
-    EXPECT_TRUE(dialogos.UnicaMensagem(TipoMensagem::Erro).startsWith(QStringLiteral("Erro buscando dados da nota ")));
+    EXPECT_EQ(dialogos.UnicaMensagem(TipoMensagem::Erro), QStringLiteral("Erro buscando dados da nota (nota 001-0000999 não encontrada)"));
     EXPECT_FALSE(QFile::exists(pasta.filePath(QStringLiteral("nada.pdf"))));
 }
 
