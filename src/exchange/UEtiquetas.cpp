@@ -161,21 +161,9 @@ QPageLayout Pagina(TFormatoEtiquetas formato)
 bool Desenhar(const QList<TEtiqueta> &etiquetas, TFormatoEtiquetas formato, QPagedPaintDevice &dispositivo,
               QString *erro)
 {
-    const QPageLayout pagina = Pagina(formato);
-    // A printer may refuse margins below its own: the sheet's corner is then found from its
-    // printable area below.
-    if (!dispositivo.setPageLayout(pagina)) {
-        dispositivo.setPageSize(pagina.pageSize());
-        dispositivo.setPageOrientation(pagina.orientation());
-    }
     QPainter painter;
-    if (!painter.begin(&dispositivo))
+    if (!ComecarEmMilimetros(painter, dispositivo, Pagina(formato)))
         return Falha(erro, QStringLiteral("Não foi possível iniciar o desenho das etiquetas no dispositivo de impressão"));
-    const int dpi = dispositivo.logicalDpiX();
-    const QRect area = dispositivo.pageLayout().paintRectPixels(dpi);
-    painter.translate(-area.left(), -area.top());
-    painter.scale(dpi / 25.4, dispositivo.logicalDpiY() / 25.4);
-    painter.setRenderHint(QPainter::Antialiasing, false);
 
     TPincel pincel(painter);
     const int porPagina = PorPagina(formato);
