@@ -14,11 +14,12 @@ TMemoSemAcento::TMemoSemAcento(int limite, bool comQuebras, QWidget *parent)
 
 void TMemoSemAcento::insertFromMimeData(const QMimeData *origem)
 {
-    // A pasted CR LF is one break, so one blank.
-    if (!m_comQuebras && origem && origem->hasText())
-        insertPlainText(origem->text().replace(QStringLiteral("\r\n"), QStringLiteral(" ")));
-    else
-        QPlainTextEdit::insertFromMimeData(origem);
+    // As plain text, so that the change is reported where it lands and the limit holds; a pasted
+    // CR LF is one break, so one blank.
+    if (!origem || !origem->hasText())
+        return;
+    QString texto = origem->text();
+    insertPlainText(m_comQuebras ? texto : texto.replace(QStringLiteral("\r\n"), QStringLiteral(" ")));
 }
 
 void TMemoSemAcento::Ajustar(int posicao, int inseridos)
