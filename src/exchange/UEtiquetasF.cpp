@@ -5,7 +5,6 @@
 #include "ImprimirOuPdf.h"
 #include "TChaveNota.h"
 
-#include <QButtonGroup>
 #include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QLabel>

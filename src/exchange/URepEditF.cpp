@@ -52,8 +52,7 @@ TRepEditF::TRepEditF(QWidget *parent) : QDialog(parent)
     layout->addWidget(botoes);
     resize(720, 520);
 
-    for (QWidget *w : {static_cast<QWidget *>(m_fisco), static_cast<QWidget *>(m_contribuinte),
-                       static_cast<QWidget *>(m_ok), static_cast<QWidget *>(m_cancelar)})
+    for (QWidget *w : QList<QWidget *>{m_fisco, m_contribuinte, m_ok, m_cancelar})
         w->installEventFilter(this);
     m_fisco->setFocus();
 }
@@ -67,7 +66,7 @@ bool TRepEditF::eventFilter(QObject *objeto, QEvent *evento)
         m_cancelar->click();
         return true;
     }
-    // Shift or Ctrl with Enter would otherwise break the line.
+    // Whatever the modifiers: Shift+Enter would otherwise break the line.
     if (tecla == Qt::Key_Return || tecla == Qt::Key_Enter) {
         if (objeto == m_fisco) {
             m_contribuinte->setFocus();

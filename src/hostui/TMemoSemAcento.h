@@ -9,8 +9,6 @@ class TMemoSemAcento final : public QPlainTextEdit
 public:
     TMemoSemAcento(int limite, bool comQuebras, QWidget *parent = nullptr);
 
-    int Limite() const { return m_limite; }
-
 protected:
     void insertFromMimeData(const QMimeData *origem) override;
 
