@@ -13,7 +13,8 @@ namespace {
 
 // Note 60: 2 x 12 of product 1 (a valid EAN-13); product 2 (EAN-13) on two lines, 1 + 1.5 x 2 = 4;
 // product 30, 2.5 (its GTIN has a wrong check digit, its second bar code is good; priced only
-// in table 2); product 31, 0.5 (no usable code: Code 128 of "31"); product 32, 1 (a UPC-A).
+// in table 2); product 31, 0.5 (no usable code: Code 128 of "31"; priced only by company 2);
+// product 32, 1 (a UPC-A).
 // Per unit that is 24 + 4 + 1 + 1 + 1 = 31 labels. Note 61 has no items.
 class Etiquetas : public TelaTeste
 {
