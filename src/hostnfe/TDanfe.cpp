@@ -16,24 +16,13 @@ int TDanfe::Paginas(const TnfeProc &nfe) { return int(Planejar(nfe).paginas.size
 
 bool TDanfe::Desenhar(const TnfeProc &nfe, QPagedPaintDevice &dispositivo, QString *erro)
 {
-    const QPageLayout a4(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF());
-    // A printer may refuse margins below its own: its printable area is then where we start from.
-    if (!dispositivo.setPageLayout(a4)) {
-        dispositivo.setPageSize(QPageSize(QPageSize::A4));
-        dispositivo.setPageOrientation(QPageLayout::Portrait);
-    }
     const TPlano plano = Planejar(nfe);
     QPainter painter;
-    if (!painter.begin(&dispositivo)) {
+    if (!ComecarEmMilimetros(painter, dispositivo, QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF()))) {
         if (erro)
             *erro = QStringLiteral("Não foi possível iniciar o desenho do DANFE no dispositivo de impressão");
         return false;
     }
-    const int dpi = dispositivo.logicalDpiX();
-    const QRect area = dispositivo.pageLayout().paintRectPixels(dpi);
-    painter.translate(-area.left(), -area.top());
-    painter.scale(dpi / 25.4, dispositivo.logicalDpiY() / 25.4);
-    painter.setRenderHint(QPainter::Antialiasing, false);
 
     TPincel pincel(painter);
     const int folhas = int(plano.paginas.size());

@@ -1,6 +1,8 @@
 #include "TDanfe_Pincel.h"
 
 #include <QFontMetricsF>
+#include <QPageLayout>
+#include <QPagedPaintDevice>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -23,6 +25,22 @@ QFont Reduzida(const QFont &fonte, double fator)
 }
 
 } // namespace
+
+bool ComecarEmMilimetros(QPainter &painter, QPagedPaintDevice &dispositivo, const QPageLayout &folha)
+{
+    if (!dispositivo.setPageLayout(folha)) {
+        dispositivo.setPageSize(folha.pageSize());
+        dispositivo.setPageOrientation(folha.orientation());
+    }
+    if (!painter.begin(&dispositivo))
+        return false;
+    const int dpi = dispositivo.logicalDpiX();
+    const QRect area = dispositivo.pageLayout().paintRectPixels(dpi);
+    painter.translate(-area.left(), -area.top());
+    painter.scale(dpi / 25.4, dispositivo.logicalDpiY() / 25.4);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+    return true;
+}
 
 QFont Fonte(double pontos, bool negrito, bool estreita)
 {

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+class QPageLayout;
+class QPagedPaintDevice;
 class QPainter;
 
 // The DANFE's drawing kit: fonts sized in points, everything placed in millimetres on the page.
@@ -13,6 +15,11 @@ namespace TDanfePincel {
 
 constexpr double LarguraPagina = 210, AlturaPagina = 297, Margem = 6;
 constexpr double Esquerda = Margem, Direita = LarguraPagina - Margem, Largura = Direita - Esquerda;
+
+// Puts the sheet on the device (only its size and orientation where a printer refuses margins
+// below its own) and begins `painter` on it, one unit a millimetre from the sheet's corner, bars
+// unblurred. False when the device cannot be painted on.
+bool ComecarEmMilimetros(QPainter &painter, QPagedPaintDevice &dispositivo, const QPageLayout &folha);
 
 QFont Fonte(double pontos, bool negrito = false, bool estreita = false);
 double LarguraTexto(const QFont &fonte, const QString &texto);

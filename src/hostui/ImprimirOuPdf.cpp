@@ -19,7 +19,7 @@ bool ImprimirNaImpressora(QWidget *pai, const TTrabalhoImpressao &trabalho, QStr
 {
     QPrinter impressora(QPrinter::HighResolution);
     impressora.setDocName(trabalho.nome);
-    impressora.setPageSize(QPageSize(QPageSize::A4));
+    impressora.setPageSize(trabalho.papel);
     QPrintDialog dialogo(&impressora, pai);
     dialogo.setWindowTitle(trabalho.tituloImpressao);
     if (dialogo.exec() != QDialog::Accepted)

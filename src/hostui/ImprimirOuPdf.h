@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QPageSize>
 #include <QString>
 
 #include <functional>
@@ -18,6 +19,7 @@ struct TTrabalhoImpressao
     QString tituloPdf;          // the file chooser's title
     QString arquivoPdf;         // the file name offered in the documents folder
     TDesenhoPaginas desenhar;
+    QPageSize papel = QPageSize(QPageSize::A4);     // the printer's paper
     // Writes the PDF; GravarPdf over `desenhar` when not given.
     std::function<bool(const QString &arquivo, QString *erro)> gravarPdf;
 };

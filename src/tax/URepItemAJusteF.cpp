@@ -2,6 +2,7 @@
 
 #include "Dialogos.h"
 #include "ExecutarModal.h"
+#include "TMemoSemAcento.h"
 #include "TNumEditBR.h"
 #include "TextosHost.h"
 #include "UTipoDoc.h"
@@ -18,46 +19,6 @@
 #include <limits>
 
 namespace {
-
-// Whatever arrives in the text, typed or pasted, lands without accents and within the limit.
-class TMemoSemAcento final : public QPlainTextEdit
-{
-public:
-    explicit TMemoSemAcento(QWidget *parent) : QPlainTextEdit(parent)
-    {
-        setTabChangesFocus(true);
-        connect(document(), &QTextDocument::contentsChange, this, &TMemoSemAcento::Ajustar);
-    }
-
-private:
-    void Ajustar(int posicao, int, int inseridos)
-    {
-        if (m_ajustando || inseridos <= 0)
-            return;
-        const QString texto = toPlainText();
-        inseridos = qMin(inseridos, int(texto.size()) - posicao);
-        if (inseridos <= 0)
-            return;
-        const QString chegou = texto.mid(posicao, inseridos);
-        QString fica;
-        fica.reserve(chegou.size());
-        for (const QChar c : chegou)
-            fica += CharSemAcento(c);
-        // What goes beyond the limit is what has just arrived, never what was there.
-        fica.chop(qMax(0, int(texto.size()) - TRepItemAJusteF::MaxInfoAdic));
-        if (fica == chegou)
-            return;
-        m_ajustando = true;
-        QTextCursor cursor(document());
-        cursor.setPosition(posicao);
-        cursor.setPosition(posicao + inseridos, QTextCursor::KeepAnchor);
-        cursor.insertText(fica);
-        setTextCursor(cursor);
-        m_ajustando = false;
-    }
-
-    bool m_ajustando = false;
-};
 
 TNumEditBR *NumEdit(QWidget *parent, const char *nome, int casas, const QString &dica = {})
 {
@@ -91,7 +52,7 @@ TRepItemAJusteF::TRepItemAJusteF(QWidget *parent) : QDialog(parent)
     m_cst = NumEdit(this, "TratICMSNumEditBR", 0);
     m_pRedBC = NumEdit(this, "pRedBCNumEditBR", 2, QStringLiteral("Percentual da Redução de BC do ICMS"));
     m_pRedBCST = NumEdit(this, "pRedBCSTNumEditBR", 2, QStringLiteral("Percentual da Redução de BC do ICMS ST"));
-    m_infoAdic = new TMemoSemAcento(this);
+    m_infoAdic = new TMemoSemAcento(MaxInfoAdic, true, this);
     m_infoAdic->setObjectName(QStringLiteral("InfoAdicMemo"));
     m_icmsUF = new QToolButton(this);
     m_icmsUF->setObjectName(QStringLiteral("ICMSUFToolButton"));
