@@ -32,7 +32,7 @@ struct NotaTeste
 {
     int empr = 1, estacao = 1, compra = 1, tipo = 34, fornec = 1, destin = 0;
     bool baixado = false, cancelado = false;
-    QList<ItemTeste> itens;
+    QList<ItemTeste> itens = {};
 };
 
 // Writes the note, its items (station 10) and their prices; the header's product total is the
