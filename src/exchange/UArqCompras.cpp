@@ -1,1 +1,204 @@
 #include "UArqCompras.h"
+
+#include "TConexaoSQL.h"
+#include "Valores.h"
+#include "Windows1252.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStringDecoder>
+
+#include <algorithm>
+
+namespace {
+
+const QString Tab = QStringLiteral("\t");
+const QString DataVazia = QStringLiteral("30/12/1899");
+
+// "12.5000" -> "12,5", "3.0000" -> "3": the shortest regional form.
+QString decimalRegional(QString texto)
+{
+    if (texto.contains(QLatin1Char('.'))) {
+        while (texto.endsWith(QLatin1Char('0')))
+            texto.chop(1);
+        if (texto.endsWith(QLatin1Char('.')))
+            texto.chop(1);
+    }
+    texto.replace(QLatin1Char('.'), QLatin1Char(','));
+    return texto == QLatin1String("-0") ? QStringLiteral("0") : texto;
+}
+
+QString esperado(TLeitorArq leitor)
+{
+    switch (leitor) {
+    case TLeitorArq::Inteiro: return QStringLiteral("um número inteiro");
+    case TLeitorArq::Decimal: return QStringLiteral("um número");
+    case TLeitorArq::Data: return QStringLiteral("uma data (dd/mm/aaaa)");
+    case TLeitorArq::DataHora: return QStringLiteral("uma data e hora (dd/mm/aaaa hh:nn:ss)");
+    case TLeitorArq::Texto: break;
+    }
+    return QStringLiteral("um texto");
+}
+
+} // namespace
+
+QString TextoArq(TLeitorArq leitor, const QVariant &valor)
+{
+    const bool data = leitor == TLeitorArq::Data || leitor == TLeitorArq::DataHora;
+    switch (valor.typeId()) {
+    case QMetaType::QDate:
+        return valor.toDate().toString(QStringLiteral("dd/MM/yyyy"));
+    case QMetaType::QDateTime:
+        return valor.toDateTime().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
+    case QMetaType::QTime:
+        return valor.toTime().isValid() ? valor.toTime().toString(QStringLiteral("HH:mm:ss")) : QStringLiteral("00:00:00");
+    case QMetaType::Double:
+        return decimalRegional(FloatToStrPonto(valor.toDouble()));
+    default:
+        break;
+    }
+    const QString texto = valor.toString().trimmed();
+    if (texto.isEmpty())
+        return data ? DataVazia : QString();
+    return leitor == TLeitorArq::Decimal ? decimalRegional(texto) : texto;
+}
+
+// --- writing ------------------------------------------------------------------------------------
+
+bool TGravadorArqCompras::Abrir()
+{
+    if (m_arquivo.open(QIODevice::WriteOnly))
+        return true;
+    m_erro = QStringLiteral("Não foi possível gravar o arquivo %1: %2")
+                 .arg(QDir::toNativeSeparators(m_arquivo.fileName()), m_arquivo.errorString());
+    return false;
+}
+
+void TGravadorArqCompras::GravarLinha(const QString &tipo, std::span<const TColunaArq> colunas, const TQ &q)
+{
+    QString linha = tipo;
+    for (int i = 0; i < int(colunas.size()); ++i)
+        linha += Tab + TextoArq(colunas[size_t(i)].leitor, q.valueAt(i));
+    linha += QLatin1String("\r\n");
+    m_arquivo.write(ParaWindows1252(linha));
+}
+
+bool TGravadorArqCompras::Concluir()
+{
+    if (m_arquivo.commit())
+        return true;
+    m_erro = QStringLiteral("Não foi possível gravar o arquivo %1: %2")
+                 .arg(QDir::toNativeSeparators(m_arquivo.fileName()), m_arquivo.errorString());
+    return false;
+}
+
+// --- reading ------------------------------------------------------------------------------------
+
+bool TLeitorArqCompras::recusar(const QString &motivo)
+{
+    m_erro = QStringLiteral("O arquivo %1 não foi importado e nenhuma nota foi excluída: %2.")
+                 .arg(QDir::toNativeSeparators(m_arquivo), motivo);
+    return false;
+}
+
+bool TLeitorArqCompras::ler(const std::function<bool(const QByteArray &, int)> &aCada)
+{
+    QFile arquivo(m_arquivo);
+    if (!arquivo.open(QIODevice::ReadOnly)) {
+        m_erro = QStringLiteral("Não foi possível ler o arquivo %1: %2")
+                     .arg(QDir::toNativeSeparators(m_arquivo), arquivo.errorString());
+        return false;
+    }
+    for (int numero = 1; !arquivo.atEnd(); ++numero) {
+        QByteArray linha = arquivo.readLine();
+        if (numero == 1 && linha.startsWith("\xEF\xBB\xBF")) {
+            linha.remove(0, 3);
+            m_bom = true;
+        }
+        if (linha.endsWith('\n'))
+            linha.chop(1);
+        if (linha.endsWith('\r'))
+            linha.chop(1);
+        if (!aCada(linha, numero))
+            return false;
+    }
+    if (arquivo.error() != QFileDevice::NoError) {
+        m_erro = QStringLiteral("Não foi possível ler o arquivo %1: %2")
+                     .arg(QDir::toNativeSeparators(m_arquivo), arquivo.errorString());
+        return false;
+    }
+    return true;
+}
+
+bool TLeitorArqCompras::converter(const QString &texto, TLinhaArq &linha)
+{
+    QStringList partes = texto.split(Tab);
+    linha.literais.clear();
+    linha.tipo = partes.first();
+    const bool nota = linha.tipo == QLatin1String("C");
+    if (!nota && linha.tipo != QLatin1String("CE")) {
+        linha.tipo.clear();
+        return true;
+    }
+    const auto colunas = nota ? TCompraExpImp_DBI::ColunasCompra() : TCompraExpImp_DBI::ColunasEstMov();
+    if (partes.size() - 1 != qsizetype(colunas.size()))
+        return recusar(QStringLiteral("a linha %1 tem %2 colunas depois de \"%3\" e deveria ter %4 "
+                                      "(um valor com tabulação ou quebra de linha?)")
+                           .arg(linha.numero).arg(partes.size() - 1).arg(linha.tipo).arg(colunas.size()));
+    for (int i = 0; i < int(colunas.size()); ++i) {
+        const TColunaArq &coluna = colunas[size_t(i)];
+        auto literal = TCompraExpImp_DBI::Literal(coluna.leitor, partes.at(i + 1));
+        if (!literal)
+            return recusar(QStringLiteral("linha %1, coluna %2 (%3): \"%4\" não é %5")
+                               .arg(linha.numero).arg(i + 1).arg(QLatin1String(coluna.nome), partes.at(i + 1),
+                                                                  esperado(coluna.leitor)));
+        linha.literais << *literal;
+    }
+    return true;
+}
+
+bool TLeitorArqCompras::Verificar()
+{
+    m_linhas = 0;
+    m_contagem = {};
+    m_bom = false;
+    bool multibyte = false;
+    bool algumaLinha = false;
+    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    TLinhaArq linha;
+    const bool lido = ler([&](const QByteArray &bytes, int numero) {
+        if (bytes.contains('\0'))
+            return recusar(QStringLiteral("a linha %1 tem caracteres nulos; não é um arquivo de notas exportado").arg(numero));
+        const bool alto = std::any_of(bytes.begin(), bytes.end(), [](char b) { return b & 0x80; });
+        // Only lines with bytes above 127 can tell UTF-8 from the code page.
+        if (alto && !m_bom) {
+            multibyte = true;
+            (void)utf8.decode(bytes);
+        }
+        const QString texto = m_bom ? QString::fromUtf8(bytes) : DeWindows1252(bytes);
+        m_linhas = linha.numero = numero;
+        algumaLinha = algumaLinha || !texto.trimmed().isEmpty();
+        if (!converter(texto, linha))
+            return false;
+        if (linha.tipo == QLatin1String("C"))
+            ++m_contagem.notas;
+        else if (!linha.tipo.isEmpty())
+            ++m_contagem.movimentos;
+        return true;
+    });
+    if (!lido)
+        return false;
+    if (algumaLinha && m_contagem.notas + m_contagem.movimentos == 0)
+        return recusar(QStringLiteral("não há nele nenhuma linha \"C\" nem \"CE\"; não é um arquivo de notas exportado"));
+    m_utf8 = m_bom || (multibyte && !utf8.hasError());
+    return true;
+}
+
+bool TLeitorArqCompras::Percorrer(const std::function<bool(const TLinhaArq &)> &aCada)
+{
+    TLinhaArq linha;
+    return ler([&](const QByteArray &bytes, int numero) {
+        linha.numero = numero;
+        return converter(m_utf8 ? QString::fromUtf8(bytes) : DeWindows1252(bytes), linha) && aCada(linha);
+    });
+}
