@@ -6,7 +6,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <QStringDecoder>
 
 #include <algorithm>
 
@@ -26,6 +25,22 @@ QString decimalRegional(QString texto)
     }
     texto.replace(QLatin1Char('.'), QLatin1Char(','));
     return texto == QLatin1String("-0") ? QStringLiteral("0") : texto;
+}
+
+// Well-formed UTF-8: each lead byte followed by as many continuation bytes as it announces.
+bool utf8Valido(QByteArrayView bytes)
+{
+    for (qsizetype i = 0; i < bytes.size();) {
+        const auto b = static_cast<unsigned char>(bytes[i++]);
+        const int seguem = b < 0x80 ? 0 : (b >= 0xC2 && b < 0xE0) ? 1 : (b >= 0xE0 && b < 0xF0) ? 2 : (b >= 0xF0 && b < 0xF5) ? 3 : -1;
+        if (seguem < 0 || i + seguem > bytes.size())
+            return false;
+        for (int k = 0; k < seguem; ++k) {
+            if ((static_cast<unsigned char>(bytes[i++]) & 0xC0) != 0x80)
+                return false;
+        }
+    }
+    return true;
 }
 
 QString esperado(TLeitorArq leitor)
@@ -49,7 +64,9 @@ QString TextoArq(TLeitorArq leitor, const QVariant &valor)
     case QMetaType::QDate:
         return valor.toDate().toString(QStringLiteral("dd/MM/yyyy"));
     case QMetaType::QDateTime:
-        return valor.toDateTime().toString(QStringLiteral("dd/MM/yyyy HH:mm:ss"));
+        // The regional form leaves out a midnight time, so an empty date-time comes back as it went.
+        return valor.toDateTime().toString(valor.toDateTime().time() == QTime(0, 0) ? QStringLiteral("dd/MM/yyyy")
+                                                                                   : QStringLiteral("dd/MM/yyyy HH:mm:ss"));
     case QMetaType::QTime:
         return valor.toTime().isValid() ? valor.toTime().toString(QStringLiteral("HH:mm:ss")) : QStringLiteral("00:00:00");
     case QMetaType::Double:
@@ -163,8 +180,8 @@ bool TLeitorArqCompras::Verificar()
     m_contagem = {};
     m_bom = false;
     bool multibyte = false;
+    bool utf8 = true;
     bool algumaLinha = false;
-    QStringDecoder utf8(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
     TLinhaArq linha;
     const bool lido = ler([&](const QByteArray &bytes, int numero) {
         if (bytes.contains('\0'))
@@ -173,7 +190,7 @@ bool TLeitorArqCompras::Verificar()
         // Only lines with bytes above 127 can tell UTF-8 from the code page.
         if (alto && !m_bom) {
             multibyte = true;
-            (void)utf8.decode(bytes);
+            utf8 = utf8 && utf8Valido(bytes);
         }
         const QString texto = m_bom ? QString::fromUtf8(bytes) : DeWindows1252(bytes);
         m_linhas = linha.numero = numero;
@@ -190,7 +207,7 @@ bool TLeitorArqCompras::Verificar()
         return false;
     if (algumaLinha && m_contagem.notas + m_contagem.movimentos == 0)
         return recusar(QStringLiteral("não há nele nenhuma linha \"C\" nem \"CE\"; não é um arquivo de notas exportado"));
-    m_utf8 = m_bom || (multibyte && !utf8.hasError());
+    m_utf8 = m_bom || (multibyte && utf8);
     return true;
 }
 

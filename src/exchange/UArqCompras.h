@@ -19,7 +19,8 @@ struct TContagemArq
 };
 
 // A value as the file holds it: regional text (decimal comma, "dd/mm/yyyy", "dd/mm/yyyy
-// hh:nn:ss"), trimmed; an empty date "30/12/1899", an empty time "00:00:00", otherwise nothing.
+// hh:nn:ss" or the date alone at midnight), trimmed; an empty date or date-time "30/12/1899",
+// an empty time "00:00:00", otherwise nothing.
 QString TextoArq(TLeitorArq leitor, const QVariant &valor);
 
 // Writes the exchange file line by line into a temporary file that replaces the chosen one only
