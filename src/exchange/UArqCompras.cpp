@@ -6,6 +6,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 
 #include <algorithm>
 
@@ -74,10 +75,17 @@ QString TextoArq(TLeitorArq leitor, const QVariant &valor)
     default:
         break;
     }
-    const QString texto = valor.toString().trimmed();
+    QString texto = valor.toString().trimmed();
     if (texto.isEmpty())
         return data ? DataVazia : QString();
-    return leitor == TLeitorArq::Decimal ? decimalRegional(texto) : texto;
+    if (leitor == TLeitorArq::Decimal)
+        return decimalRegional(texto);
+    // A tab or a line break would split the record (an XML kept with its line breaks): a blank
+    // in its place keeps the file readable.
+    static const QRegularExpression quebras(QStringLiteral("\r\n|[\t\r\n]"));
+    if (texto.contains(QLatin1Char('\t')) || texto.contains(QLatin1Char('\n')) || texto.contains(QLatin1Char('\r')))
+        texto.replace(quebras, QStringLiteral(" "));
+    return texto;
 }
 
 // --- writing ------------------------------------------------------------------------------------
