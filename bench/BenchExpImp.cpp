@@ -139,8 +139,8 @@ bool Vazio(const TDadosBanco &banco, QString *erro)
 int main(int argc, char **argv)
 {
     QCoreApplication app(argc, argv);
-    const int notas = std::max(1, qEnvironmentVariableIntValue("PAVREL_BENCH_NOTAS") > 0
-                                      ? qEnvironmentVariableIntValue("PAVREL_BENCH_NOTAS") : 100000);
+    const int pedidas = qEnvironmentVariableIntValue("PAVREL_BENCH_NOTAS");
+    const int notas = pedidas > 0 ? pedidas : 100000;
     QTemporaryDir pasta;
     const auto banco = [&](const char *nome) {
         TDadosBanco b;
@@ -161,7 +161,8 @@ int main(int argc, char **argv)
         return 1;
     }
     out << QString::asprintf("%d notes with %d movements built in %.1f s (databases without forced writes)\n", notas,
-                             notas * MovsPorNota, t.elapsed() / 1000.0);
+                             notas * MovsPorNota, t.elapsed() / 1000.0)
+        << Qt::flush;
 
     TConexaoSQL conexaoOrigem(origem);
     conexaoOrigem.Conectar();
