@@ -73,11 +73,17 @@ std::optional<QDateTime> dataHora(const QString &texto, bool comHora)
     return QDateTime(data, hora);
 }
 
-QString inserir(const QString &tabela, std::span<const TColunaArq> colunas, QStringList literais, qint64 chave)
+// `inicio`: the statement up to its values, made once per table.
+QString inserir(const QString &inicio, QStringList literais, qint64 chave)
 {
     literais[ColunaChave] = QString::number(chave);
+    return inicio + literais.join(Separador) + Quebra + QLatin1String(");");
+}
+
+QString inicioInsert(const QString &tabela, std::span<const TColunaArq> colunas)
+{
     return QLatin1String("insert into ") + tabela + Quebra + nomes(colunas, QString()) + Quebra
-           + QLatin1String(") values (") + Quebra + literais.join(Separador) + Quebra + QLatin1String(");");
+           + QLatin1String(") values (") + Quebra;
 }
 
 } // namespace
@@ -120,7 +126,8 @@ QString SqlNotas()
 
 QString SqlMovsDaNota(int emprCod, int estacaoCod, int compraCod)
 {
-    return QLatin1String("select ") + nomes(colunasEstMov, QStringLiteral("est_mov.")) + Quebra
+    static const QString colunas = nomes(colunasEstMov, QStringLiteral("est_mov."));
+    return QLatin1String("select ") + colunas + Quebra
            + QLatin1String("from compra_est_mov\r\n"
                            "join est_mov on est_mov.empr_cod=compra_est_mov.est_mov_empr_cod\r\n"
                            "and est_mov.estacao_cod=compra_est_mov.est_mov_estacao_cod\r\n"
@@ -155,12 +162,14 @@ QStringList SqlExcluirNotas()
 
 QString SqlInserirCompra(QStringList literais, qint64 chave)
 {
-    return inserir(QStringLiteral("compra ("), colunasCompra, std::move(literais), chave);
+    static const QString inicio = inicioInsert(QStringLiteral("compra ("), colunasCompra);
+    return inserir(inicio, std::move(literais), chave);
 }
 
 QString SqlInserirEstMov(QStringList literais, qint64 chave)
 {
-    return inserir(QStringLiteral("est_mov("), colunasEstMov, std::move(literais), chave);
+    static const QString inicio = inicioInsert(QStringLiteral("est_mov("), colunasEstMov);
+    return inserir(inicio, std::move(literais), chave);
 }
 
 QString SqlInserirLigacao(int notaEmprCod, qint64 compraCod, int movEmprCod, qint64 estMovCod)
