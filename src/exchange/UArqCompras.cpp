@@ -155,11 +155,11 @@ bool TLeitorArqCompras::ler(const std::function<bool(const QByteArray &, int)> &
     return true;
 }
 
-bool TLeitorArqCompras::converter(const QString &texto, TLinhaArq &linha)
+bool TLeitorArqCompras::converter(const QString &texto, TLinhaArq &linha, bool comLiterais)
 {
-    QStringList partes = texto.split(Tab);
+    const QList<QStringView> partes = QStringView(texto).split(u'\t');
     linha.literais.clear();
-    linha.tipo = partes.first();
+    linha.tipo = partes.first().toString();
     const bool nota = linha.tipo == QLatin1String("C");
     if (!nota && linha.tipo != QLatin1String("CE")) {
         linha.tipo.clear();
@@ -170,14 +170,19 @@ bool TLeitorArqCompras::converter(const QString &texto, TLinhaArq &linha)
         return recusar(QStringLiteral("a linha %1 tem %2 colunas depois de \"%3\" e deveria ter %4 "
                                       "(um valor com tabulação ou quebra de linha?)")
                            .arg(linha.numero).arg(partes.size() - 1).arg(linha.tipo).arg(colunas.size()));
+    linha.literais.reserve(qsizetype(colunas.size()));
     for (int i = 0; i < int(colunas.size()); ++i) {
         const TColunaArq &coluna = colunas[size_t(i)];
+        // Any text will do: only its quoting is left, and the check needs none.
+        if (!comLiterais && coluna.leitor == TLeitorArq::Texto)
+            continue;
         auto literal = TCompraExpImp_DBI::Literal(coluna.leitor, partes.at(i + 1));
         if (!literal)
             return recusar(QStringLiteral("linha %1, coluna %2 (%3): \"%4\" não é %5")
-                               .arg(linha.numero).arg(i + 1).arg(QLatin1String(coluna.nome), partes.at(i + 1),
+                               .arg(linha.numero).arg(i + 1).arg(QLatin1String(coluna.nome), partes.at(i + 1).toString(),
                                                                   esperado(coluna.leitor)));
-        linha.literais << *literal;
+        if (comLiterais)
+            linha.literais << *literal;
     }
     return true;
 }
@@ -203,7 +208,7 @@ bool TLeitorArqCompras::Verificar()
         const QString texto = m_bom ? QString::fromUtf8(bytes) : DeWindows1252(bytes);
         m_linhas = linha.numero = numero;
         algumaLinha = algumaLinha || !texto.trimmed().isEmpty();
-        if (!converter(texto, linha))
+        if (!converter(texto, linha, false))
             return false;
         if (linha.tipo == QLatin1String("C"))
             ++m_contagem.notas;
@@ -224,6 +229,6 @@ bool TLeitorArqCompras::Percorrer(const std::function<bool(const TLinhaArq &)> &
     TLinhaArq linha;
     return ler([&](const QByteArray &bytes, int numero) {
         linha.numero = numero;
-        return converter(m_utf8 ? QString::fromUtf8(bytes) : DeWindows1252(bytes), linha) && aCada(linha);
+        return converter(m_utf8 ? QString::fromUtf8(bytes) : DeWindows1252(bytes), linha, true) && aCada(linha);
     });
 }

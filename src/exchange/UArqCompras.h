@@ -68,7 +68,7 @@ public:
 
 private:
     bool ler(const std::function<bool(const QByteArray &, int)> &aCada);
-    bool converter(const QString &texto, TLinhaArq &linha);
+    bool converter(const QString &texto, TLinhaArq &linha, bool comLiterais);
     bool recusar(const QString &motivo);
 
     QString m_arquivo;

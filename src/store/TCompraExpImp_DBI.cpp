@@ -6,6 +6,8 @@
 #include <QDateTime>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace TCompraExpImp_DBI {
 
 namespace {
@@ -91,12 +93,17 @@ QString inicioInsert(const QString &tabela, std::span<const TColunaArq> colunas)
 std::span<const TColunaArq> ColunasCompra() { return colunasCompra; }
 std::span<const TColunaArq> ColunasEstMov() { return colunasEstMov; }
 
-std::optional<QString> Literal(TLeitorArq leitor, const QString &texto)
+std::optional<QString> Literal(TLeitorArq leitor, QStringView texto)
 {
+    // Most values are plain digits ("0", "3", "1102"): already their own literal.
+    const bool digitos = !texto.isEmpty() && texto.size() <= 9 && (texto.size() == 1 || texto.front() != u'0')
+                         && std::all_of(texto.begin(), texto.end(), [](QChar c) { return c >= u'0' && c <= u'9'; });
     switch (leitor) {
     case Inteiro: {
         if (texto.isEmpty())
             return QStringLiteral("0");
+        if (digitos)
+            return texto.toString();
         bool ok = false;
         const int n = texto.toInt(&ok);
         // toInt takes blanks and a '+' only; digits with an optional sign are what is meant.
@@ -105,12 +112,14 @@ std::optional<QString> Literal(TLeitorArq leitor, const QString &texto)
         return QString::number(n);
     }
     case Decimal:
-        return texto.isEmpty() ? std::optional(QStringLiteral("0")) : NumeroBRParaPonto(texto);
+        if (texto.isEmpty())
+            return QStringLiteral("0");
+        return digitos ? std::optional(texto.toString()) : NumeroBRParaPonto(texto.toString());
     case Texto:
-        return QuotedStr(texto);
+        return QuotedStr(texto.toString());
     case Data:
     case DataHora: {
-        const auto valor = dataHora(texto, leitor == DataHora);
+        const auto valor = dataHora(texto.toString(), leitor == DataHora);
         if (!valor)
             return std::nullopt;
         return leitor == Data ? DataSQLFirebird(valor->date()) : DataHoraSQLFirebird(*valor);

@@ -27,7 +27,7 @@ inline constexpr int ColunaChave = 2;
 // The SQL literal of one file value for its reader: nullopt when the text is not one.
 // Integers and decimals may be empty (0); dates are "dd/mm/yyyy", date-times also take
 // " hh:nn:ss", " hh:nn" or no time at all.
-std::optional<QString> Literal(TLeitorArq leitor, const QString &texto);
+std::optional<QString> Literal(TLeitorArq leitor, QStringView texto);
 
 QString SqlNotas();
 QString SqlMovsDaNota(int emprCod, int estacaoCod, int compraCod);
