@@ -61,7 +61,6 @@ public:
     // False with the one message in Erro() (file, line, column and what is wrong).
     bool Verificar();
     int Linhas() const { return m_linhas; }
-    TContagemArq Contagem() const { return m_contagem; }
     // After Verificar; false when `aCada` answers false or the file can no longer be read.
     bool Percorrer(const std::function<bool(const TLinhaArq &)> &aCada);
     QString Erro() const { return m_erro; }
