@@ -205,8 +205,9 @@ TEST_F(ExpImp, AcceptedFilesReadTheSameWhateverTheirEncodingAndLayout)
                                           "coalesce((select list(empr_cod || '-' || estacao_cod || '-' || compra_cod || '-' || "
                                           "est_mov_estacao_cod) from compra_est_mov), '') from rdb$database")),
                   caso.depois);
-        if (caso.depois.startsWith(QLatin1Char('1')))
+        if (caso.depois.startsWith(QLatin1Char('1'))) {
             EXPECT_EQ(db.valor(QStringLiteral("select nat_op_str from compra")), QStringLiteral("COMPRA AÇÃO € ?"));
+        }
     }
 }
 
