@@ -162,8 +162,8 @@ void prepararOpcoes(QCommandLineParser &parser)
         "  import ARQUIVO --yes  EXCLUI todas as notas e seus movimentos e os recria a partir do arquivo\n"
         "  romaneio NOTA [--pdf ARQUIVO | --text] [--copies N]   imprime o romaneio da nota (na impressora\n"
         "                        padrão; --pdf grava em PDF; --text mostra as linhas que a impressora recebe)\n"
-        "  labels NOTA --pdf ARQUIVO [--per-unit]   etiquetas de preço dos produtos da nota (uma por\n"
-        "                        produto, ou uma por unidade recebida)\n"
+        "  labels NOTA --pdf ARQUIVO [--per-unit] [--roll]   etiquetas de preço dos produtos da nota (uma por\n"
+        "                        produto, ou uma por unidade recebida; folha A4 3 x 10, ou rolo)\n"
         "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
         "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
         "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));
