@@ -20,7 +20,8 @@ void erro(const QString &texto)
 }
 
 const QStringList OpcoesComValor = {"--database", "--company", "--station", "--debug", "--fiscal-folder",
-                                   "--create-database", "--screenshot", "--certificate", "--certificate-password"};
+                                   "--create-database", "--screenshot", "--certificate", "--certificate-password",
+                                   "--nfe-endpoint", "--nfe-ca"};
 
 // What the command line asks for decides whether a display is needed at all. A command that
 // draws (the DANFE) needs the GUI's fonts and painting, never a display.
@@ -40,7 +41,8 @@ Modo modoDe(int argc, char **argv)
             continue;
         }
         // Commands that draw pages need fonts, hence a GUI application, though no display.
-        if (QStringList{QStringLiteral("danfe"), QStringLiteral("inputs"), QStringLiteral("romaneio"), QStringLiteral("labels")}.contains(arg))
+        if (QStringList{QStringLiteral("danfe"), QStringLiteral("inputs"), QStringLiteral("romaneio"), QStringLiteral("labels"),
+                     QStringLiteral("nfe-print"), QStringLiteral("nfe-cce")}.contains(arg))
             return Modo::Desenho;
         if (arg.startsWith(QLatin1String("--create-database=")) || arg == QLatin1String("--help")
             || arg == QLatin1String("-h") || arg == QLatin1String("--version") || arg == QLatin1String("-v")
@@ -164,6 +166,13 @@ void prepararOpcoes(QCommandLineParser &parser)
         "                        padrão; --pdf grava em PDF; --text mostra as linhas que a impressora recebe)\n"
         "  labels NOTA --pdf ARQUIVO [--per-unit] [--roll]   etiquetas de preço dos produtos da nota (uma por\n"
         "                        produto, ou uma por unidade recebida; folha A4 3 x 10, ou rolo)\n"
+        "  nfe-status            a situação do serviço de NF-e do autorizador da empresa (código e motivo)\n"
+        "  nfe-send NOTA [--yes] emite e envia a NF-e da nota à SEFAZ (--yes responde sim às perguntas)\n"
+        "  nfe-cancel NOTA --justificativa TEXTO   envia o cancelamento da NF-e da nota (já cancelada no sistema)\n"
+        "  nfe-print NOTA [--pdf ARQUIVO]   imprime o DANFE da NF-e autorizada da nota (ou grava em PDF)\n"
+        "  nfe-cce NOTA --texto TEXTO [--pdf ARQUIVO]   envia uma carta de correção da NF-e da nota\n"
+        "  nfe-interesse [--manifestar ciencia|confirmacao|desconhecimento|nao-realizada --chave CHAVE]\n"
+        "                        baixa e lista as NF-e emitidas para a empresa; ou manifesta o destinatário\n"
         "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
         "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
         "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));
@@ -182,6 +191,11 @@ void prepararOpcoes(QCommandLineParser &parser)
          QStringLiteral("FILE")},
         {QStringLiteral("certificate-password"), QStringLiteral("Senha do certificado (ou PAVREL_CERTIFICADO_SENHA)."),
          QStringLiteral("TEXT")},
+        {QStringLiteral("nfe-endpoint"), QStringLiteral("Envia à SEFAZ neste endereço (https://servidor:porta), em lugar "
+                                                        "dos endereços oficiais (ou PAVREL_NFE_ENDPOINT): o simulador."),
+         QStringLiteral("URL")},
+        {QStringLiteral("nfe-ca"), QStringLiteral("Raízes confiáveis (PEM) para o certificado da SEFAZ (ou PAVREL_NFE_CA)."),
+         QStringLiteral("FILE")},
         {QStringLiteral("create-database"), QStringLiteral("Cria o banco de dados em PATH e sai."), QStringLiteral("PATH")},
         {QStringLiteral("empty"), QStringLiteral("Com --create-database: sem dados de demonstração.")},
         {QStringLiteral("screenshot"), QStringLiteral("Grava a tela, com a lista de notas carregada, em FILE.png e sai."), QStringLiteral("FILE")},
@@ -247,6 +261,10 @@ int main(int argc, char **argv)
         qputenv("PAVREL_CERTIFICADO", parser.value(QStringLiteral("certificate")).toLocal8Bit());
     if (parser.isSet(QStringLiteral("certificate-password")))
         qputenv("PAVREL_CERTIFICADO_SENHA", parser.value(QStringLiteral("certificate-password")).toLocal8Bit());
+    if (parser.isSet(QStringLiteral("nfe-endpoint")))
+        qputenv("PAVREL_NFE_ENDPOINT", parser.value(QStringLiteral("nfe-endpoint")).toLocal8Bit());
+    if (parser.isSet(QStringLiteral("nfe-ca")))
+        qputenv("PAVREL_NFE_CA", parser.value(QStringLiteral("nfe-ca")).toLocal8Bit());
     if (!iniciar(database.constData(), empresa, estacao, debug, &mensagem)) {
         erro(mensagem);
         return 1;

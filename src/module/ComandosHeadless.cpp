@@ -3,7 +3,9 @@
 #include "ComandosEtiquetas.h"
 #include "ComandosExpImp.h"
 #include "ComandosInsumos.h"
+#include "ComandosInteresse.h"
 #include "ComandosNFe.h"
+#include "ComandosNFeServicos.h"
 #include "ComandosRomaneio.h"
 #include "ComandosTax.h"
 #include "ComandosXml.h"
@@ -268,6 +270,18 @@ int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &err
         resultado = ComandosNFe::NfeXml(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("danfe"))
         resultado = ComandosNFe::Danfe(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-status"))
+        resultado = ComandosNFeServicos::NfeStatus(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-send"))
+        resultado = ComandosNFeServicos::NfeSend(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-cancel"))
+        resultado = ComandosNFeServicos::NfeCancel(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-print"))
+        resultado = ComandosNFeServicos::NfePrint(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-cce"))
+        resultado = ComandosNFeServicos::NfeCce(argumentos.mid(1), saida, erros);
+    else if (comando == QLatin1String("nfe-interesse"))
+        resultado = ComandosInteresse::NfeInteresse(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("inputs"))
         resultado = ComandosInsumos::Inputs(argumentos.mid(1), saida, erros);
     else if (comando == QLatin1String("difal"))

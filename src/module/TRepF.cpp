@@ -280,7 +280,9 @@ void TRepF::AtualizarAcoes()
                                         QStringLiteral("EstoInsumosItemAct"), QStringLiteral("EstoInsumosNotaAct"),
                                         QStringLiteral("ExportarComprasAct"), QStringLiteral("ImportarComprasAct"),
                                         QStringLiteral("RomaneioImprAct"), QStringLiteral("AltInfoAct"),
-                                        QStringLiteral("EtiqAct")};
+                                        QStringLiteral("EtiqAct"), QStringLiteral("NFEEnviarAct"),
+                                        QStringLiteral("NFECancAct"), QStringLiteral("NFEImprAct"),
+                                        QStringLiteral("NfeCorrAct")};
     const bool navegando = m_cabecState == TDataSetState::Browse;
     for (auto it = m_acoes.cbegin(); it != m_acoes.cend(); ++it)
         it.value()->setEnabled(navegando && prontas.contains(it.key()));

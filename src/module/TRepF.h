@@ -175,6 +175,11 @@ private:
     void RomaneioImprExecute();
     void AltInfoExecute();
     void EtiqExecute();
+    // The NF-e actions (TRepF_NFe.cpp).
+    void NFEEnviarExecute();
+    void NFECancExecute();
+    void NFEImprExecute();
+    void NfeCorrExecute();
     // Disables the action while the returned guard lives, and enables it again however it ends.
     auto DesabilitarEnquanto(const QString &acao) const
     {

@@ -214,6 +214,10 @@ void TRepF::CriarTrocaEImpressao()
         {"RomaneioImprAct", &TRepF::RomaneioImprExecute},
         {"AltInfoAct", &TRepF::AltInfoExecute},
         {"EtiqAct", &TRepF::EtiqExecute},
+        {"NFEEnviarAct", &TRepF::NFEEnviarExecute},
+        {"NFECancAct", &TRepF::NFECancExecute},
+        {"NFEImprAct", &TRepF::NFEImprExecute},
+        {"NfeCorrAct", &TRepF::NfeCorrExecute},
     };
     for (const auto &[nome, slot] : ligacoes)
         connect(m_acoes.value(QLatin1String(nome)), &QAction::triggered, this, slot);

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QDateTime>
+#include <QList>
+#include <QString>
+
+class TConexaoSQL;
+class TTransporteNFe;
+
+// A document addressed to the company, as filed.
+struct TNFeDeInteresse
+{
+    QString nsu, chave, cnpjEmitente, nomeEmitente;
+    QDateTime dhEmi;
+    QString valor;              // vNF as in the document
+    QString tipo;               // "resumo", "nfe", "evento"
+    QString arquivo;            // the filed XML
+    bool completo = false;      // the full procNFe is on file
+};
+
+// The recipient's manifestation events.
+enum class TManifestacao { Ciencia = 210210, Confirmacao = 210200, Desconhecimento = 210220, NaoRealizada = 210240 };
+
+// The national distribution service for the company: fetches what was issued to its CNPJ since
+// the last NSU received (kept in config), files each summary, full XML and event in the fiscal
+// folder, lists them, sends the recipient's manifestation and fetches one document by key.
+class TDistribuicaoNFe
+{
+public:
+    TDistribuicaoNFe(TConexaoSQL &conexao, int emprCod, TTransporteNFe *transporte = nullptr);
+    ~TDistribuicaoNFe();
+
+    // New documents since the last NSU; false with erro.
+    bool Baixar(QList<TNFeDeInteresse> *novos, QString *erro);
+    // Every document on file for the company, newest first.
+    QList<TNFeDeInteresse> Listar() const;
+    bool Manifestar(const QString &chave, TManifestacao tipo, const QString &justificativa, QString *erro);
+    // The full XML of a key into pastaDestino; its path, or empty with erro.
+    QString BaixarPorChave(const QString &chave, const QString &pastaDestino, QString *erro);
+
+    int UltimoCStat() const;
+    QString UltimoXMotivo() const;
+
+private:
+    struct Dados;
+    Dados *d;
+};

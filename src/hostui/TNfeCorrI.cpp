@@ -1,0 +1,3 @@
+#include "TNfeCorrI.h"
+
+void TNfeCorrI::EditarNfeCorr(const QString &, int, const QString &, QWidget *) {}
