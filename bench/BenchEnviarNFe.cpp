@@ -17,6 +17,7 @@
 #include "TValidadorNFe.h"
 
 #include <QCoreApplication>
+#include <QFile>
 #include <QTemporaryDir>
 #include <QTextStream>
 
@@ -25,44 +26,34 @@
 namespace {
 
 constexpr int TipoDevolucao = '#';
-const QString Cnpj = QStringLiteral("11222333000181");
+const QString Cnpj = QStringLiteral("11222333000181");   // company 1's
 
-// The company, a supplier, products and `notas` returns of three items each, ready to issue.
+// The tests' base data (company 1 in SP, its supplier 1, products 1 and 2) and `notas` returns
+// of three items each, ready to issue.
 QStringList Dados(int notas)
 {
-    QStringList dados = Database::SplitScript(QStringLiteral(
-        "insert into empr (empr_cod, raz, nome_red, cnpj, ie, logr, num, bai, mun, mun_ibge_cod, uf, cep, fone1) values "
-        "(1, 'Loja Matriz Ltda', 'MATRIZ', '11222333000181', '110042490114', 'Rua das Flores', '100', 'Centro', "
-        "'Sao Paulo', '3550308', 'SP', '01001000', '1130001000');\n"
-        "insert into fornec (fornec_cod, nome_red, raz, c, ie, logr, num, bai, mun, mun_ibge_cod, uf, cep, fone) values "
-        "(1, 'FORNEC', 'Fornecedor Paulista Ltda', '44555666000181', '445556660102', 'Rua Augusta', '500', "
-        "'Consolacao', 'Sao Paulo', '3550308', 'SP', '01305000', '1130003000');\n"
-        "insert into unid (unid_cod, sigla, descr) values (1, 'UN', 'UNIDADE');\n"));
+    QFile base(QStringLiteral(PAVREL_TESTS_DIR "/support/fixture_base.sql"));
+    if (!base.open(QIODevice::ReadOnly))
+        return {};
+    QStringList dados = Database::SplitScript(QString::fromUtf8(base.readAll()));
     dados << QStringLiteral(
         "execute block as\n"
         "declare n integer = 1;\n"
         "declare i integer;\n"
         "begin\n"
-        "  while (n <= 3) do\n"
-        "  begin\n"
-        "    insert into prod (prod_cod, descr, unid_cod, emb_qtd, trib_cod, ipi, ncm, gtin)\n"
-        "      values (:n, 'PRODUTO DEVOLVIDO ' || :n, 1, 1, 1, 0, '22021000', '7890000000017');\n"
-        "    n = n + 1;\n"
-        "  end\n"
-        "  n = 1;\n"
         "  while (n <= %1) do\n"
         "  begin\n"
         "    insert into compra (empr_cod, estacao_cod, compra_cod, tipo_cod, fornec_cod, dt_doc, ndoc, serie, tot_prods,\n"
         "      tot, nat_op_str, nfe_chave_ref, cancelado, baixado)\n"
         "      values (1, 1, :n, '#', 1, '2026-11-10', :n, '1', 60, 60, 'DEVOLUCAO DE COMPRA',\n"
-        "      '35261144555666000181550010000012341097720596', 'N', 'N');\n"
+        "      '35261144555666000181550010000012341097720595', 'N', 'N');\n"
         "    i = 1;\n"
         "    while (i <= 3) do\n"
         "    begin\n"
         "      insert into compra_item_tmp (empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod, unid_cod,\n"
         "        emb_qtd, qtd_embs, custo_tot, ordem, ncm, cfop, trib_icms_cst, trib_orig, trib_icms_modbc,\n"
         "        trib_icms_vbc, trib_icms_picms, trib_icms_vicms, cst_pis, ppis, vpis, cst_cofins, pcofins, vcofins)\n"
-        "        values (1, 10, :n, :i, :i, 1, 1, 2, 20, :i, '22021000', '5202', 0, 0, 3, 20, 18, 3.60,\n"
+        "        values (1, 10, :n, :i, 1 + mod(:i, 2), 1, 1, 2, 20, :i, '22021000', '5202', 0, 0, 3, 20, 18, 3.60,\n"
         "        1, 1.65, 0.33, 1, 7.6, 1.52);\n"
         "      i = i + 1;\n"
         "    end\n"
@@ -97,8 +88,9 @@ int main(int argc, char **argv)
     TDadosBanco banco;
     banco.database = pasta.filePath(QStringLiteral("bench.fdb"));
     QString erro;
-    if (!BancoTeste::Criar(banco, Dados(notas), false, &erro)) {
-        out << "database: " << erro << Qt::endl;
+    const QStringList dados = Dados(notas);
+    if (dados.isEmpty() || !BancoTeste::Criar(banco, dados, false, &erro)) {
+        out << "database: " << (dados.isEmpty() ? QStringLiteral("no tests/support/fixture_base.sql") : erro) << Qt::endl;
         return 1;
     }
     BancoTeste::FixarRelogio(QDateTime::currentDateTime());
