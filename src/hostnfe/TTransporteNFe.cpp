@@ -81,6 +81,34 @@ TRespostaTransporte LerCorpo(const TServicoNFe &servico, const QByteArray &corpo
     return r;
 }
 
+// The request's body, readable once. Qt sends a POST again by itself when a connection closes
+// without an answer; with a body it cannot rewind it reports ContentReSendError instead, so an
+// authorisation never reaches the authority twice from here.
+class TCorpoUmaVez final : public QIODevice
+{
+public:
+    TCorpoUmaVez(const QByteArray &bytes, QObject *pai) : QIODevice(pai), m_bytes(bytes) { open(QIODevice::ReadOnly); }
+    bool isSequential() const override { return true; }
+    bool reset() override { return false; }
+    qint64 bytesAvailable() const override { return m_bytes.size() - m_lido + QIODevice::bytesAvailable(); }
+
+protected:
+    qint64 readData(char *dados, qint64 maximo) override
+    {
+        const qint64 n = qMin(maximo, qint64(m_bytes.size()) - m_lido);
+        if (n <= 0)
+            return -1;
+        memcpy(dados, m_bytes.constData() + m_lido, size_t(n));
+        m_lido += n;
+        return n;
+    }
+    qint64 writeData(const char *, qint64) override { return -1; }
+
+private:
+    QByteArray m_bytes;
+    qint64 m_lido = 0;
+};
+
 } // namespace
 
 struct TTransporteSoap::Dados
@@ -141,8 +169,13 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
     pedido.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
     pedido.setRawHeader("Connection", "close");
     pedido.setTransferTimeout(d->tempoLimiteMs);
+    const QByteArray envelope = Envelope(servico, mensagem);
+    pedido.setHeader(QNetworkRequest::ContentLengthHeader, envelope.size());
+    pedido.setAttribute(QNetworkRequest::DoNotBufferUploadDataAttribute, true);
 
-    QNetworkReply *resposta = d->rede.post(pedido, Envelope(servico, mensagem));
+    auto *corpo = new TCorpoUmaVez(envelope, nullptr);
+    QNetworkReply *resposta = d->rede.post(pedido, corpo);
+    corpo->setParent(resposta);
     bool enviado = false, expirou = false;
     QStringList errosTls;
     QEventLoop espera;
@@ -167,17 +200,20 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
 
     const QNetworkReply::NetworkError erro = resposta->error();
     const int statusHttp = resposta->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const QByteArray corpo = resposta->readAll();
+    const QByteArray lido = resposta->readAll();
     const QString textoQt = resposta->errorString();
     resposta->deleteLater();
 
     if (expirou || erro == QNetworkReply::OperationCanceledError || erro == QNetworkReply::TimeoutError)
         return Falha(TFalha::SemResposta, QStringLiteral("A %1 não respondeu em %2: %3").arg(Onde(servico), Segundos(d->tempoLimiteMs), url));
-    if (!errosTls.isEmpty() || erro == QNetworkReply::SslHandshakeFailedError)
+    // TLS 1.3 reports a client certificate refused by the server as a read error after the handshake.
+    const bool tlsRecusado = erro == QNetworkReply::SslHandshakeFailedError
+                             || (statusHttp == 0 && textoQt.contains(QLatin1String("SSL routines")));
+    if (!errosTls.isEmpty() || tlsRecusado)
         return Falha(TFalha::Recusada, QStringLiteral("Conexão segura com a %1 recusada: %2 (%3)")
                                            .arg(Onde(servico), url, errosTls.isEmpty() ? textoQt : errosTls.join(QStringLiteral("; "))));
     if (statusHttp == 0) {
-        if (erro == QNetworkReply::RemoteHostClosedError && enviado)
+        if ((erro == QNetworkReply::RemoteHostClosedError || erro == QNetworkReply::ContentReSendError) && enviado)
             return Falha(TFalha::SemResposta, QStringLiteral("A %1 fechou a conexão sem responder: %2").arg(Onde(servico), url));
         if (erro != QNetworkReply::NoError)
             return Falha(TFalha::Recusada, QStringLiteral("Não foi possível conectar à %1: %2 (%3)").arg(Onde(servico), url, textoQt));
@@ -185,7 +221,7 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
     if (statusHttp >= 300 && statusHttp < 400)
         return Falha(TFalha::RespostaInvalida, QStringLiteral("A %1 respondeu com um redirecionamento (HTTP %2), que não é seguido: %3")
                                                    .arg(Onde(servico)).arg(statusHttp).arg(url));
-    TRespostaTransporte r = LerCorpo(servico, corpo, statusHttp);
+    TRespostaTransporte r = LerCorpo(servico, lido, statusHttp);
     if (r.Ok() && erro != QNetworkReply::NoError)
         return Falha(TFalha::RespostaInvalida, QStringLiteral("Resposta interrompida da %1: %2 (%3)").arg(Onde(servico), url, textoQt));
     return r;

@@ -17,7 +17,7 @@ namespace {
 
 const QString kCnpj = QStringLiteral("12345678000195");
 
-QByteArray NFeAssinada(qint64 numero)
+QByteArray NFeAssinada(qint64 numero, const TCertificadoA1 &a1)
 {
     OpcoesGeracao opcoes;
     opcoes.comProtocolo = false;
@@ -25,8 +25,7 @@ QByteArray NFeAssinada(qint64 numero)
     const TnfeProc nfe = NFeExemplo(kCnpj, QStringLiteral("98765432000110"), numero, 2);
     QByteArray assinado;
     QString erro;
-    EXPECT_TRUE(TAssinadorNFe::Assinar(GerarXmlNFe(nfe, opcoes), QStringLiteral("NFe") + nfe.chave, *AbrirCertificadoTeste(kCnpj),
-                                       &assinado, &erro))
+    EXPECT_TRUE(TAssinadorNFe::Assinar(GerarXmlNFe(nfe, opcoes), QStringLiteral("NFe") + nfe.chave, a1, &assinado, &erro))
         << erro.toStdString();
     return assinado;
 }
@@ -74,7 +73,7 @@ TEST(EnderecosNFe, AutorizadorContingenciaEEnderecoRedirecionado)
 
 TEST(ServicosNFe, NfeProcSoComAChaveEODigestDoDocumento)
 {
-    const QByteArray nfe = NFeAssinada(31);
+    const QByteArray nfe = NFeAssinada(31, *AbrirCertificadoTeste(kCnpj));
     TProtocoloNFe p;
     p.chNFe = QRegularExpression(QStringLiteral("Id=\"NFe(\\w{44})\"")).match(QString::fromUtf8(nfe)).captured(1);
     p.digVal = Entre(nfe, QStringLiteral("DigestValue"));
@@ -138,7 +137,7 @@ TEST_F(Sefaz, StatusAutorizacaoConsultaEventoEDistribuicao)
     EXPECT_EQ(servicos.Status(QStringLiteral("SP")).cStat, 108);
     simulador.Comando(QStringLiteral("status 107"));
 
-    const QByteArray nfe = NFeAssinada(32);
+    const QByteArray nfe = NFeAssinada(32, *a1);
     const TRetornoAutorizacao aut = servicos.Autorizar(QStringLiteral("SP"), nfe, 1);
     ASSERT_TRUE(aut.Respondeu() && aut.protocolo) << aut.transporte.erro.toStdString() << aut.xMotivo.toStdString();
     EXPECT_EQ(aut.cStat, 104);
@@ -184,6 +183,8 @@ TEST_F(Sefaz, CadaFalhaDoCaminhoTemSuaClasseEMensagem)
     auto outroA1 = AbrirCertificadoTeste(QStringLiteral("99888777000166"));
     const QString operacao = QStringLiteral("NFeStatusServico4");
 
+    // A client certificate refused under TLS 1.3 may look like a connection closed after the
+    // request went out; either way nothing reached the simulator.
     const struct { const char *caso, *comando; TFalha falha; const char *naMensagem; bool outroCliente, outroCa; } casos[] = {
         {"pagina HTML", "html", TFalha::RespostaInvalida, "HTML", false, false},
         {"resposta truncada", "truncar", TFalha::RespostaInvalida, "mal formada", false, false},
@@ -200,13 +201,12 @@ TEST_F(Sefaz, CadaFalhaDoCaminhoTemSuaClasseEMensagem)
         }
         const int antes = simulador.Pedidos(operacao);
         const TRetornoSefaz r = TServicosNFe(transporte, QStringLiteral("SP"), 2).Status(QStringLiteral("SP"));
-        EXPECT_EQ(int(r.transporte.falha), int(c.falha)) << c.caso << ": " << r.transporte.erro.toStdString();
+        const bool tls13 = c.outroCliente && r.transporte.falha == TFalha::SemResposta;
+        EXPECT_TRUE(r.transporte.falha == c.falha || tls13) << c.caso << ": " << r.transporte.erro.toStdString();
         EXPECT_TRUE(r.transporte.erro.contains(QString::fromLatin1(c.naMensagem), Qt::CaseInsensitive))
             << c.caso << ": " << r.transporte.erro.toStdString();
         EXPECT_EQ(r.cStat, 0) << c.caso;
-        // Only the answer is lost or refused: the simulator saw the request exactly once.
-        if (c.comando) {
-            EXPECT_EQ(simulador.Pedidos(operacao), antes + 1) << c.caso;
-        }
+        // The request arrived exactly once when only its answer went wrong, never when TLS refused it.
+        EXPECT_EQ(simulador.Pedidos(operacao), antes + (c.comando ? 1 : 0)) << c.caso;
     }
 }
