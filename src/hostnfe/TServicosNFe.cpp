@@ -42,43 +42,6 @@ void FalharTransporte(TRetornoSefaz *ret, TFalha falha, const QString &erro)
     ret->transporte.erro = erro;
 }
 
-// Checks the message, posts it and reads cStat and xMotivo from an answer whose root is
-// `raizEsperada`; false (with ret->transporte saying why) when there is no such answer.
-bool Chamar(TTransporteNFe &transporte, const QString &autorizador, int tpAmb, const QString &operacao,
-            const QByteArray &mensagem, TEsquema esquema, const QString &raizEsperada, TRetornoSefaz *ret,
-            TElementoXml *raiz)
-{
-    TServicoNFe servico;
-    QString erro;
-    if (!TEnderecosNFe::Servico(autorizador, tpAmb, operacao, &servico, &erro)) {
-        FalharTransporte(ret, TFalha::Recusada, erro);
-        return false;
-    }
-    if (!TValidadorNFe::Validar(mensagem, esquema, &erro)) {
-        FalharTransporte(ret, TFalha::Recusada,
-                         QStringLiteral("A mensagem para %1 não segue o esquema oficial e não foi enviada: %2").arg(operacao, erro));
-        return false;
-    }
-    ret->transporte = transporte.Postar(servico, mensagem);
-    if (!ret->transporte.Ok())
-        return false;
-    const QString onde = QStringLiteral("SEFAZ (%1) em %2").arg(autorizador, servico.url.toString());
-    if (!LerElementoXml(ret->transporte.mensagem, raiz, &erro)) {
-        FalharTransporte(ret, TFalha::RespostaInvalida, QStringLiteral("Resposta mal formada da %1: %2").arg(onde, erro));
-        return false;
-    }
-    bool numero = false;
-    ret->cStat = raiz->Texto(QStringLiteral("cStat")).toInt(&numero);
-    ret->xMotivo = raiz->Texto(QStringLiteral("xMotivo")).trimmed();
-    if (raiz->nome != raizEsperada || !numero || ret->cStat <= 0) {
-        ret->cStat = 0;
-        FalharTransporte(ret, TFalha::RespostaInvalida,
-                         QStringLiteral("Resposta inesperada da %1: %2 sem cStat, esperado %3").arg(onde, raiz->nome, raizEsperada));
-        return false;
-    }
-    return true;
-}
-
 QDateTime DataHora(const QString &texto)
 {
     return QDateTime::fromString(texto.trimmed(), Qt::ISODate);
@@ -140,6 +103,45 @@ TServicosNFe::TServicosNFe(TTransporteNFe &transporte, const QString &uf, int tp
 {
 }
 
+bool TServicosNFe::Chamar(const QString &autorizador, const QString &operacao, const QByteArray &mensagem,
+                          TEsquema esquema, const QString &raizEsperada, TRetornoSefaz *ret, TElementoXml *raiz)
+{
+    TServicoNFe servico;
+    QString erro;
+    if (autorizador.isEmpty()) {
+        FalharTransporte(ret, TFalha::Recusada, QStringLiteral("A UF '%1' não tem autorizador da NF-e na tabela de endereços (%2)")
+                                                    .arg(m_uf, operacao));
+        return false;
+    }
+    if (!TEnderecosNFe::Servico(autorizador, m_tpAmb, operacao, &servico, &erro)) {
+        FalharTransporte(ret, TFalha::Recusada, erro);
+        return false;
+    }
+    if (!TValidadorNFe::Validar(mensagem, esquema, &erro)) {
+        FalharTransporte(ret, TFalha::Recusada,
+                         QStringLiteral("A mensagem para %1 não segue o esquema oficial e não foi enviada: %2").arg(operacao, erro));
+        return false;
+    }
+    ret->transporte = m_transporte.Postar(servico, mensagem);
+    if (!ret->transporte.Ok())
+        return false;
+    const QString onde = QStringLiteral("SEFAZ (%1) em %2").arg(autorizador, servico.url.toString());
+    if (!LerElementoXml(ret->transporte.mensagem, raiz, &erro)) {
+        FalharTransporte(ret, TFalha::RespostaInvalida, QStringLiteral("Resposta mal formada da %1: %2").arg(onde, erro));
+        return false;
+    }
+    bool numero = false;
+    ret->cStat = raiz->Texto(QStringLiteral("cStat")).toInt(&numero);
+    ret->xMotivo = raiz->Texto(QStringLiteral("xMotivo")).trimmed();
+    if (raiz->nome != raizEsperada || !numero || ret->cStat <= 0) {
+        ret->cStat = 0;
+        FalharTransporte(ret, TFalha::RespostaInvalida,
+                         QStringLiteral("Resposta inesperada da %1: %2 sem cStat, esperado %3").arg(onde, raiz->nome, raizEsperada));
+        return false;
+    }
+    return true;
+}
+
 TRetornoSefaz TServicosNFe::Status(const QString &autorizador)
 {
     const QByteArray msg = Mensagem(QStringLiteral("consStatServ"), QStringLiteral("4.00"), [&](QXmlStreamWriter &w) {
@@ -149,7 +151,7 @@ TRetornoSefaz TServicosNFe::Status(const QString &autorizador)
     });
     TRetornoSefaz ret;
     TElementoXml raiz;
-    Chamar(m_transporte, autorizador, m_tpAmb, QStringLiteral("NFeStatusServico4"), msg, TEsquema::ConsStatServ,
+    Chamar(autorizador, QStringLiteral("NFeStatusServico4"), msg, TEsquema::ConsStatServ,
            QStringLiteral("retConsStatServ"), &ret, &raiz);
     return ret;
 }
@@ -160,7 +162,7 @@ TRetornoAutorizacao TServicosNFe::Autorizar(const QString &autorizador, const QB
                            + "</idLote><indSinc>1</indSinc>" + SemDeclaracaoXml(nfeAssinada) + "</enviNFe>";
     TRetornoAutorizacao ret;
     TElementoXml raiz;
-    if (Chamar(m_transporte, autorizador, m_tpAmb, QStringLiteral("NFeAutorizacao4"), msg, TEsquema::EnviNFe,
+    if (Chamar(autorizador, QStringLiteral("NFeAutorizacao4"), msg, TEsquema::EnviNFe,
                QStringLiteral("retEnviNFe"), &ret, &raiz))
         ret.protocolo = Protocolo(raiz.Filho(QStringLiteral("protNFe")));
     return ret;
@@ -175,7 +177,7 @@ TRetornoConsulta TServicosNFe::Consultar(const QString &autorizador, const QStri
     });
     TRetornoConsulta ret;
     TElementoXml raiz;
-    if (!Chamar(m_transporte, autorizador, m_tpAmb, QStringLiteral("NFeConsultaProtocolo4"), msg, TEsquema::ConsSitNFe,
+    if (!Chamar(autorizador, QStringLiteral("NFeConsultaProtocolo4"), msg, TEsquema::ConsSitNFe,
                 QStringLiteral("retConsSitNFe"), &ret, &raiz))
         return ret;
     ret.protocolo = Protocolo(raiz.Filho(QStringLiteral("protNFe")));
@@ -202,7 +204,7 @@ TRetornoEvento TServicosNFe::EnviarEvento(const QString &autorizador, const QByt
     const QByteArray msg = "<envEvento xmlns=\"" + kNs.toUtf8() + "\" versao=\"1.00\"><idLote>" + QByteArray::number(idLote)
                            + "</idLote>" + SemDeclaracaoXml(eventoAssinado) + "</envEvento>";
     TElementoXml raiz;
-    if (!Chamar(m_transporte, autorizador, m_tpAmb, QStringLiteral("NFeRecepcaoEvento4"), msg, esquema,
+    if (!Chamar(autorizador, QStringLiteral("NFeRecepcaoEvento4"), msg, esquema,
                 QStringLiteral("retEnvEvento"), &ret, &raiz))
         return ret;
     const TElementoXml *retEvento = raiz.Filho(QStringLiteral("retEvento"));
@@ -217,20 +219,17 @@ TRetornoEvento TServicosNFe::EnviarEvento(const QString &autorizador, const QByt
     return ret;
 }
 
-namespace {
-
-TRetornoDistribuicao Distribuir(TTransporteNFe &transporte, const QString &uf, int tpAmb, const QString &cnpj,
-                                const std::function<void(QXmlStreamWriter &)> &pedido)
+TRetornoDistribuicao TServicosNFe::Distribuir(const QString &cnpj, const std::function<void(QXmlStreamWriter &)> &pedido)
 {
     const QByteArray msg = Mensagem(QStringLiteral("distDFeInt"), QStringLiteral("1.01"), [&](QXmlStreamWriter &w) {
-        w.writeTextElement(QStringLiteral("tpAmb"), QString::number(tpAmb));
-        w.writeTextElement(QStringLiteral("cUFAutor"), NumeracaoNFe::CodigoUF(uf));
+        w.writeTextElement(QStringLiteral("tpAmb"), QString::number(m_tpAmb));
+        w.writeTextElement(QStringLiteral("cUFAutor"), NumeracaoNFe::CodigoUF(m_uf));
         EscreverAutor(w, cnpj);
         pedido(w);
     });
     TRetornoDistribuicao ret;
     TElementoXml raiz;
-    if (!Chamar(transporte, QStringLiteral("AN"), tpAmb, QStringLiteral("NFeDistribuicaoDFe"), msg, TEsquema::DistDFeInt,
+    if (!Chamar(QStringLiteral("AN"), QStringLiteral("NFeDistribuicaoDFe"), msg, TEsquema::DistDFeInt,
                 QStringLiteral("retDistDFeInt"), &ret, &raiz))
         return ret;
     ret.ultNSU = raiz.Texto(QStringLiteral("ultNSU")).trimmed();
@@ -251,11 +250,9 @@ TRetornoDistribuicao Distribuir(TTransporteNFe &transporte, const QString &uf, i
     return ret;
 }
 
-} // namespace
-
 TRetornoDistribuicao TServicosNFe::Distribuicao(const QString &cnpj, const QString &ultNSU)
 {
-    return Distribuir(m_transporte, m_uf, m_tpAmb, cnpj, [&](QXmlStreamWriter &w) {
+    return Distribuir(cnpj, [&](QXmlStreamWriter &w) {
         w.writeStartElement(QStringLiteral("distNSU"));
         w.writeTextElement(QStringLiteral("ultNSU"), Nsu(ultNSU.trimmed().toLongLong()));
         w.writeEndElement();
@@ -264,7 +261,7 @@ TRetornoDistribuicao TServicosNFe::Distribuicao(const QString &cnpj, const QStri
 
 TRetornoDistribuicao TServicosNFe::DistribuicaoPorChave(const QString &cnpj, const QString &chave)
 {
-    return Distribuir(m_transporte, m_uf, m_tpAmb, cnpj, [&](QXmlStreamWriter &w) {
+    return Distribuir(cnpj, [&](QXmlStreamWriter &w) {
         w.writeStartElement(QStringLiteral("consChNFe"));
         w.writeTextElement(QStringLiteral("chNFe"), chave);
         w.writeEndElement();

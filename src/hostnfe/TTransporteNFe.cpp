@@ -46,12 +46,12 @@ TRespostaTransporte Falha(TFalha falha, const QString &erro)
 }
 
 // The message inside nfeResultMsg, or why the body is not one.
-TRespostaTransporte LerCorpo(const TServicoNFe &servico, const QByteArray &corpo, int statusHttp)
+TRespostaTransporte LerCorpo(const TServicoNFe &servico, const QByteArray &corpo, int statusHttp, const QString &tipo)
 {
     const QString url = servico.url.toString();
     const QString http = statusHttp ? QStringLiteral(" (HTTP %1)").arg(statusHttp) : QString();
     const QByteArray inicio = SemDeclaracaoXml(corpo).left(200).toLower();
-    if (inicio.startsWith("<!doctype html") || inicio.startsWith("<html"))
+    if (tipo.contains(QLatin1String("html"), Qt::CaseInsensitive) || inicio.startsWith("<!doctype html") || inicio.startsWith("<html"))
         return Falha(TFalha::RespostaInvalida, QStringLiteral("A %1 respondeu uma página HTML em vez de SOAP%2: %3")
                                                    .arg(Onde(servico), http, url));
     TElementoXml envelope;
@@ -201,6 +201,7 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
     const QNetworkReply::NetworkError erro = resposta->error();
     const int statusHttp = resposta->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
     const QByteArray lido = resposta->readAll();
+    const QString tipo = resposta->header(QNetworkRequest::ContentTypeHeader).toString();
     const QString textoQt = resposta->errorString();
     resposta->deleteLater();
 
@@ -221,7 +222,7 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
     if (statusHttp >= 300 && statusHttp < 400)
         return Falha(TFalha::RespostaInvalida, QStringLiteral("A %1 respondeu com um redirecionamento (HTTP %2), que não é seguido: %3")
                                                    .arg(Onde(servico)).arg(statusHttp).arg(url));
-    TRespostaTransporte r = LerCorpo(servico, lido, statusHttp);
+    TRespostaTransporte r = LerCorpo(servico, lido, statusHttp, tipo);
     if (r.Ok() && erro != QNetworkReply::NoError)
         return Falha(TFalha::RespostaInvalida, QStringLiteral("Resposta interrompida da %1: %2 (%3)").arg(Onde(servico), url, textoQt));
     return r;
