@@ -191,7 +191,7 @@ bool TEnvioNFe::Status(QString *erro)
 class TEnvioNFe::TEnvio
 {
 public:
-    TEnvio(Dados &d, int estacaoCod, int compraCod) : d(d), m_estacao(estacaoCod), m_compra(compraCod) {}
+    TEnvio(Dados &dados, int estacaoCod, int compraCod) : d(dados), m_estacao(estacaoCod), m_compra(compraCod) {}
 
     // The protocol attached to the filed document, filed beside it and kept on the note.
     bool Registrar(const QString &arquivoNfe, const TProtocoloNFe &prot, TNFeAutorizada *saida, QString *erro)
@@ -257,8 +257,6 @@ bool TEnvioNFe::Enviar(int estacaoCod, int compraCod, int finalidade, int tipoCo
                        QString *erro)
 {
     d->retorno = {};
-    if (!d->Preparar(erro))
-        return false;
     const auto q = d->conexao.Ab(QStringLiteral("select cancelado, nfe_protocolo, nfe_chave from compra where empr_cod=%1 "
                                                 "and estacao_cod=%2 and compra_cod=%3")
                                      .arg(d->empr).arg(estacaoCod).arg(compraCod));
@@ -270,6 +268,8 @@ bool TEnvioNFe::Enviar(int estacaoCod, int compraCod, int finalidade, int tipoCo
         return Falhar(erro, QStringLiteral("Esta venda foi cancelada. Não é possivel gerar o NFe"));
     if (!q->FieldByName(QStringLiteral("nfe_protocolo")).AsString().trimmed().isEmpty())
         return Falhar(erro, QStringLiteral("Esta venda já possui Protocolo NFE. Não pode mais ser enviada"));
+    if (!d->Preparar(erro))
+        return false;
     TEnvio envio(*d, estacaoCod, compraCod);
 
     // Sent before, maybe without an answer: the authority may already hold it, so ask first.
