@@ -200,7 +200,7 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
 
     const QNetworkReply::NetworkError erro = resposta->error();
     const int statusHttp = resposta->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
-    const QByteArray lido = resposta->readAll();
+    const QByteArray lido = resposta->isOpen() ? resposta->readAll() : QByteArray();
     const QString tipo = resposta->header(QNetworkRequest::ContentTypeHeader).toString();
     const QString textoQt = resposta->errorString();
     resposta->deleteLater();

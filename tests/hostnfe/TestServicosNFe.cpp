@@ -11,6 +11,7 @@
 
 #include <QFile>
 #include <QRegularExpression>
+#include <QTcpServer>
 #include <QTemporaryDir>
 
 namespace {
@@ -124,6 +125,26 @@ TEST(EventoNFe, CadaTipoAssinadoEValidoETextoCurtoRecusado)
             EXPECT_TRUE(erro.contains(QStringLiteral("xJust"))) << erro.toStdString();
         }
     }
+}
+
+TEST(TransporteSoap, SilencioEsgotaOPrazoEPortaFechadaRecusa)
+{
+    using TFalha = TRespostaTransporte::TFalha;
+    auto a1 = AbrirCertificadoTeste(kCnpj);
+    ASSERT_TRUE(a1);
+    QTcpServer mudo, fechado;
+    ASSERT_TRUE(mudo.listen(QHostAddress::LocalHost) && fechado.listen(QHostAddress::LocalHost));
+    const quint16 portaFechada = fechado.serverPort();
+    fechado.close();
+    for (const auto &[porta, falha, naMensagem] : {std::tuple{mudo.serverPort(), TFalha::SemResposta, "não respondeu em 300 ms"},
+                                                   std::tuple{portaFechada, TFalha::Recusada, "Não foi possível conectar"}}) {
+        qputenv("PAVREL_NFE_ENDPOINT", QByteArray("https://127.0.0.1:") + QByteArray::number(porta));
+        TTransporteSoap transporte(*a1, 300);
+        const TRetornoSefaz r = TServicosNFe(transporte, QStringLiteral("SP"), 2).Status(QStringLiteral("SP"));
+        EXPECT_EQ(int(r.transporte.falha), int(falha)) << r.transporte.erro.toStdString();
+        EXPECT_TRUE(r.transporte.erro.contains(QString::fromUtf8(naMensagem))) << r.transporte.erro.toStdString();
+    }
+    qunsetenv("PAVREL_NFE_ENDPOINT");
 }
 
 TEST_F(Sefaz, StatusAutorizacaoConsultaEventoEDistribuicao)
