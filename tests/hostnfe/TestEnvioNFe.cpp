@@ -48,10 +48,12 @@ protected:
         simulador->Comando(QStringLiteral("status 107"));
         NotaTeste n{.tipo = 35, .itens = {Item(1, 1, "2", "10"), Item(2, 2, "1.5", "7.35")}};
         ASSERT_EQ(InserirNota(db, n), QString());
+        // One simulator for the suite: each test issues in a series of its own.
+        static int serie = 0;
         ASSERT_EQ(db.execScript(QStringLiteral(
                       "update compra_item_tmp set cfop='5202';"
-                      "update compra set nat_op_str='DEVOLUCAO DE COMPRA', serie='1', "
-                      "nfe_chave_ref='35261112345678000195550010000012341097720596';")),
+                      "update compra set nat_op_str='DEVOLUCAO DE COMPRA', serie='%1', "
+                      "nfe_chave_ref='35261112345678000195550010000012341097720596';").arg(++serie)),
                   QString());
     }
 
