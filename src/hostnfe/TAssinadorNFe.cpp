@@ -56,6 +56,19 @@ struct TLiberaGerente { void operator()(xmlSecKeysMngr *m) const { xmlSecKeysMng
 using TChaveXmlSec = std::unique_ptr<xmlSecKey, TLiberaChave>;
 using TContextoDSig = std::unique_ptr<xmlSecDSigCtx, TLiberaDSig>;
 
+// Made once per thread and kept: its X.509 store reads the system's trusted roots, which costs
+// far more than a check; checking adds nothing to it.
+xmlSecKeysMngr *GerenteDeVerificacao()
+{
+    thread_local const std::unique_ptr<xmlSecKeysMngr, TLiberaGerente> gerente = [] {
+        std::unique_ptr<xmlSecKeysMngr, TLiberaGerente> g(xmlSecKeysMngrCreate());
+        if (g && xmlSecOpenSSLAppDefaultKeysMngrInit(g.get()) < 0)
+            g.reset();
+        return g;
+    }();
+    return gerente.get();
+}
+
 // The certificate's private key with only its own X.509 certificate beside it, so X509Data
 // carries that one certificate and not the chain.
 TChaveXmlSec ChaveDe(const TCertificadoA1 &certificado)
@@ -174,10 +187,10 @@ bool TAssinadorNFe::Verificar(const QByteArray &xml, QString *erro)
     if (assinaturas.isEmpty())
         return Falhar(erro, QStringLiteral("O documento não está assinado"));
     for (xmlNodePtr assinatura : assinaturas) {
-        std::unique_ptr<xmlSecKeysMngr, TLiberaGerente> gerente(xmlSecKeysMngrCreate());
-        if (!gerente || xmlSecOpenSSLAppDefaultKeysMngrInit(gerente.get()) < 0)
+        xmlSecKeysMngr *gerente = GerenteDeVerificacao();
+        if (!gerente)
             return Falhar(erro, QStringLiteral("Memória insuficiente para verificar a assinatura"));
-        TContextoDSig ctx(xmlSecDSigCtxCreate(gerente.get()));
+        TContextoDSig ctx(xmlSecDSigCtxCreate(gerente));
         if (!ctx)
             return Falhar(erro, QStringLiteral("Memória insuficiente para verificar a assinatura"));
         // The signer's own certificate is the key; its chain is not this check's business.

@@ -2,6 +2,7 @@
 
 #include "Sefaz.h"
 
+#include <QElapsedTimer>
 #include <QFile>
 #include <QSslConfiguration>
 #include <QSslKey>
@@ -115,8 +116,10 @@ void TServidor::Ler(QSslSocket *socket)
 
 void TServidor::Responder(QSslSocket *socket, const QByteArray &caminho, const QByteArray &corpo, bool fechar)
 {
+    QElapsedTimer relogio;
+    relogio.start();
     TSefaz::TResposta r = m_sefaz.Atender(QString::fromUtf8(caminho), corpo);
-    Registrar(r.resumo);
+    Registrar(QStringLiteral("%1 [%2 ms]").arg(r.resumo).arg(double(relogio.nsecsElapsed()) / 1e6, 0, 'f', 1));
     if (r.modo == TSefaz::TResposta::TModo::Descartar) {
         socket->abort();
         return;
