@@ -43,6 +43,9 @@ bool TSimuladorSefaz::Iniciar(const QString &cnpj, QString *erro)
                                 .arg(gerar.errorString(), QString::fromUtf8(gerar.readAllStandardError())));
 
     const QDir d(Pasta());
+    // Its line per request, for whoever runs a test by hand with PAVREL_SEFAZ_LOG set.
+    if (qEnvironmentVariableIsSet("PAVREL_SEFAZ_LOG"))
+        m_processo.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_processo.start(QStringLiteral(PAVREL_SEFAZ_EXE),
                      {QStringLiteral("--porta"), QStringLiteral("0"), QStringLiteral("--certificado"),
                       d.filePath(QStringLiteral("servidor.pem")), QStringLiteral("--chave"),
