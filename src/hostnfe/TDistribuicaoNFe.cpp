@@ -40,6 +40,8 @@ QString Nsu15(const QString &nsu)
 
 struct TDistribuicaoNFe::Dados
 {
+    Dados(TConexaoSQL &c, int empr, TTransporteNFe *t) : conexao(c), emprCod(empr), transporte(t) {}
+
     TConexaoSQL &conexao;
     int emprCod;
     TTransporteNFe *transporte;
@@ -108,7 +110,7 @@ bool TDistribuicaoNFe::Dados::Respondeu(const TRetornoSefaz &ret, QString *erro)
 }
 
 TDistribuicaoNFe::TDistribuicaoNFe(TConexaoSQL &conexao, int emprCod, TTransporteNFe *transporte)
-    : d(new Dados{conexao, emprCod, transporte, {}, {}, {}, {}})
+    : d(new Dados(conexao, emprCod, transporte))
 {
 }
 
