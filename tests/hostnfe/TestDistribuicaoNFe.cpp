@@ -155,7 +155,7 @@ TEST(ModuloNFeDeInteresse, ExportaSoExec)
     QLibrary modulo(QCoreApplication::applicationDirPath() + QStringLiteral("/../../bin/NFeDeInteresse"));
     ASSERT_TRUE(modulo.load()) << modulo.errorString().toStdString();
     EXPECT_NE(modulo.resolve("Exec"), nullptr);
-    for (const char *interno : {"_ZN8Contexto5AtualEv", "_ZN9TDialogos8DefinirEPS_", "_ZN11TConexaoSQL8ConectarEv"})
+    for (const char *interno : {"_ZN8Contexto5AtualEv", "_ZN9TDialogos7DefinirEPS_", "_ZN11TConexaoSQL8ConectarEv"})
         EXPECT_EQ(modulo.resolve(interno), nullptr) << interno;
     modulo.unload();
 }
