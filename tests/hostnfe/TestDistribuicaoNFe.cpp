@@ -8,12 +8,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QLibrary>
 #include <QLineEdit>
+#include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTimer>
 
 namespace {
 
@@ -148,14 +150,41 @@ TEST_F(DistribuicaoNFe, DialogoDeChaveBaixaPeloRegistradoSoDepoisDaCiencia)
     TBaixaNFePorChave::Definir(nullptr);
 }
 
-// The module is its own copy of the platform: it must export Exec and nothing of the platform,
-// or its context and connections would bind to the loader's.
-TEST(ModuloNFeDeInteresse, ExportaSoExec)
+// The module is its own copy of the platform: it exports Exec and nothing of the platform (or its
+// context would bind to the loader's), and sets itself up from what Exec is given.
+TEST(ModuloNFeDeInteresse, ExportaSoExecEListaOQueEstaNaPasta)
 {
     QLibrary modulo(QCoreApplication::applicationDirPath() + QStringLiteral("/../../bin/NFeDeInteresse"));
     ASSERT_TRUE(modulo.load()) << modulo.errorString().toStdString();
-    EXPECT_NE(modulo.resolve("Exec"), nullptr);
     for (const char *interno : {"_ZN8Contexto5AtualEv", "_ZN9TDialogos7DefinirEPS_", "_ZN11TConexaoSQL8ConectarEv"})
         EXPECT_EQ(modulo.resolve(interno), nullptr) << interno;
+    const auto exec = reinterpret_cast<void (*)(QWidget *, const char *, int, int)>(modulo.resolve("Exec"));
+    ASSERT_NE(exec, nullptr);
+
+    TestDatabase db;
+    QTemporaryDir fiscal;
+    const QString chave = QStringLiteral("35261148091527000103550010000000011000482723");
+    ASSERT_TRUE(QDir().mkpath(fiscal.filePath(QStringLiteral("NFe_Dest/2026/11"))));
+    QFile resumo(fiscal.filePath(QStringLiteral("NFe_Dest/2026/11/") + chave + QStringLiteral("-resNFe.xml")));
+    ASSERT_TRUE(resumo.open(QIODevice::WriteOnly));
+    resumo.write(QStringLiteral("<resNFe versao=\"1.01\"><chNFe>%1</chNFe><CNPJ>48091527000103</CNPJ><xNome>SERRA AZUL</xNome>"
+                                "<dhEmi>2026-11-23T05:30:00-03:00</dhEmi><vNF>162.50</vNF></resNFe>").arg(chave).toUtf8());
+    resumo.close();
+    qputenv("PAVREL_FISCAL_FOLDER", fiscal.path().toLocal8Bit());
+    QStringList linha;
+    QTimer espera;
+    QObject::connect(&espera, &QTimer::timeout, [&] {
+        if (QWidget *janela = QApplication::activeModalWidget()) {
+            if (const auto *grade = janela->findChild<QTableWidget *>(QStringLiteral("DocumentosGrid")); grade && grade->rowCount() == 1)
+                for (int coluna = 0; coluna < grade->columnCount(); ++coluna)
+                    linha << grade->item(0, coluna)->text();
+            janela->close();
+        }
+    });
+    espera.start(20);
+    exec(nullptr, db.caminho().toUtf8().constData(), 1, 1);
+    qunsetenv("PAVREL_FISCAL_FOLDER");
+    EXPECT_EQ(linha, (QStringList{chave, QStringLiteral("48091527000103 SERRA AZUL"), QStringLiteral("23/11/2026 05:30"),
+                                  QStringLiteral("162,50"), QStringLiteral("NF-e"), QStringLiteral("Resumo")}));
     modulo.unload();
 }
