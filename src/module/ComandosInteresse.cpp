@@ -8,6 +8,8 @@
 #include <QCommandLineParser>
 #include <QTextStream>
 
+#include <algorithm>
+
 namespace ComandosInteresse {
 
 namespace {
