@@ -173,6 +173,7 @@ void prepararOpcoes(QCommandLineParser &parser)
         "  nfe-cce NOTA --texto TEXTO [--pdf ARQUIVO]   envia uma carta de correção da NF-e da nota\n"
         "  nfe-interesse [--manifestar ciencia|confirmacao|desconhecimento|nao-realizada --chave CHAVE]\n"
         "                        baixa e lista as NF-e emitidas para a empresa; ou manifesta o destinatário\n"
+        "                        (nao-realizada pede --justificativa TEXTO, de 15 a 255 caracteres)\n"
         "  test-certificate --cnpj N --out ARQUIVO.pfx --password SENHA [--legacy]\n"
         "                        cria um certificado A1 de TESTE para experimentar em homologação\n"
         "                        (nunca aceito em produção; --legacy: PKCS#12 antigo, RC2-40)"));

@@ -4,6 +4,8 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
+
 class TConexaoSQL;
 class TTransporteNFe;
 
@@ -16,6 +18,7 @@ struct TNFeDeInteresse
     QString tipo;               // "resumo", "nfe", "evento"
     QString arquivo;            // the filed XML
     bool completo = false;      // the full procNFe is on file
+    int tpEvento = 0, nSeqEvento = 0;   // events only
 };
 
 // The recipient's manifestation events.
@@ -40,6 +43,12 @@ public:
 
     int UltimoCStat() const;
     QString UltimoXMotivo() const;
+
+    // What went wrong after a manifestation was registered (the full XML not yet available).
+    QString UltimoAviso() const;
+    void DefinirProgresso(std::function<void(const QString &titulo)> progresso);
+    // Where the documents addressed to the company are filed: <fiscal>/NFe_Dest/.
+    static QString PastaDestino(QString *erro);
 
 private:
     struct Dados;

@@ -3,6 +3,7 @@
 #include "Contexto.h"
 #include "Database.h"
 #include "PastaFiscal.h"
+#include "TBaixaNFePorChaveSefaz.h"
 #include "TConexaoSQL.h"
 #include "TConsultasDBI.h"
 
@@ -38,6 +39,7 @@ bool Iniciar(const TDadosHost &dadosHost, QString *erro)
     contexto.estacao = dados.estacao;
     contexto.modoDebug = dados.modoDebug;
     contexto.pastaFiscal = dados.pastaFiscal;
+    TBaixaNFePorChaveSefaz::Registrar();
 
     if (dados.database == Database::DefaultPath() && !QFileInfo::exists(dados.database)
         && !Database::CreateWithSchema(contexto.banco, true, erro)) {
