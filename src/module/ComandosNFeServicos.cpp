@@ -6,12 +6,19 @@
 #include "TBuscaArq.h"
 #include "TClientDataSet.h"
 #include "TConexD.h"
+#include "TDacce.h"
 #include "TEnvioNFe.h"
+#include "TImpressoraNFePdf.h"
 #include "TRepD.h"
 #include "UNFeAcoes.h"
 
 #include <QCommandLineParser>
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QPrinter>
+#include <QPrinterInfo>
+#include <QScopeGuard>
 #include <QTextStream>
 #include <QXmlStreamReader>
 
@@ -106,6 +113,36 @@ QString RetornoArquivado(const QString &nomeArquivo)
     return {};
 }
 
+// The machine's default printer, for the commands.
+class TImpressoraNFePadrao final : public TImpressoraNFe
+{
+public:
+    bool Imprimir(const QString &nome, const TDesenho &desenhar, QString *erro) override
+    {
+        QPrinter impressora(QPrinterInfo::defaultPrinter(), QPrinter::HighResolution);
+        impressora.setDocName(nome);
+        impressora.setPageSize(QPageSize(QPageSize::A4));
+        if (!impressora.isValid()) {
+            *erro = QStringLiteral("A impressora padrão (%1) não está disponível").arg(impressora.printerName());
+            return false;
+        }
+        return desenhar(impressora, erro);
+    }
+};
+
+// The print-outs go to `impressora` while the returned guard lives.
+auto Imprimindo(TImpressoraNFe *impressora)
+{
+    TImpressoraNFe *anterior = TImpressoraNFe::Atual();
+    TImpressoraNFe::Definir(impressora);
+    return qScopeGuard([anterior] { TImpressoraNFe::Definir(anterior); });
+}
+
+QString Absoluto(const QString &arquivo)
+{
+    return QDir::toNativeSeparators(QFileInfo(arquivo).absoluteFilePath());
+}
+
 void Escrever(QTextStream &saida, const TRetornoNFe &retorno)
 {
     if (retorno.cStat != 0)
@@ -167,7 +204,28 @@ int NfeCancel(const QStringList &argumentos, QTextStream &saida, QTextStream &er
     return 0;
 }
 
-int NfePrint(const QStringList &, QTextStream &, QTextStream &) { return 1; }
+int NfePrint(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
+{
+    TPedidoNota pedido(QStringLiteral("nfe-print"), "NOTA [--pdf ARQUIVO]", erros);
+    pedido.parser.addOption({QStringLiteral("pdf"), QStringLiteral("write into this PDF"), QStringLiteral("FILE")});
+    if (const int codigo = pedido.Preparar(argumentos))
+        return codigo;
+    // The default printer when there is one, else a PDF named after the key in this folder.
+    const bool naPadrao = !pedido.parser.isSet(QStringLiteral("pdf")) && !QPrinterInfo::defaultPrinterName().isEmpty();
+    const QString arquivo = pedido.parser.isSet(QStringLiteral("pdf"))
+        ? pedido.parser.value(QStringLiteral("pdf"))
+        : QDir::current().filePath(QStringLiteral("DANFE-") + pedido.nota.nfeChave + QStringLiteral(".pdf"));
+    TImpressoraNFePadrao padrao;
+    TImpressoraNFePdf pdf(arquivo);
+    const auto restaurar = Imprimindo(naPadrao ? static_cast<TImpressoraNFe *>(&padrao) : &pdf);
+    if (!UNFeAcoes::ReimprimirNFe(TConexD::Conexao(), pedido.repD->Notas()))
+        return pedido.Falhou();
+    if (naPadrao)
+        saida << "DANFE da NF-e " << pedido.nota.nfeChave << " enviado à impressora padrão" << Qt::endl;
+    else
+        saida << "PDF gravado em " << Absoluto(arquivo) << Qt::endl;
+    return 0;
+}
 
 int NfeCce(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
 {
@@ -192,6 +250,16 @@ int NfeCce(const QStringList &argumentos, QTextStream &saida, QTextStream &erros
     if (!UNFeAcoes::CartaCorrecaoNFe(pedido.repD->Notas(), enviar))
         return pedido.Falhou();
     saida << "Carta de correção " << seq << " da NF-e " << pedido.nota.nfeChave << " registrada" << Qt::endl;
+    if (!pedido.parser.isSet(QStringLiteral("pdf")))
+        return 0;
+    TImpressoraNFePdf pdf(pedido.parser.value(QStringLiteral("pdf")));
+    const auto restaurar = Imprimindo(&pdf);
+    QString erro;
+    if (!TDacce::Imprimir(TConexD::Conexao(), pedido.nota.chave.emprCod, pedido.nota.nfeChave, seq, &erro)) {
+        erros << "pavrel nfe-cce: " << erro << Qt::endl;
+        return 1;
+    }
+    saida << "PDF gravado em " << Absoluto(pdf.Arquivo()) << Qt::endl;
     return 0;
 }
 

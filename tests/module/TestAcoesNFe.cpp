@@ -2,9 +2,12 @@
 // checks, the exit date, the cancellation's justification.
 #include "BancoTeste.h"
 #include "ComandosHeadless.h"
+#include "SimuladorSefaz.h"
+#include "TBuscaArq.h"
 #include "TelaTeste.h"
 #include "UNFeAcoes.h"
 
+#include <QTemporaryDir>
 #include <QTextStream>
 
 namespace {
@@ -30,8 +33,9 @@ protected:
     void Nota(int compra, int tipo, bool cancelado, const QString &set = {})
     {
         ASSERT_EQ(InserirNota(db, {.compra = compra, .tipo = tipo, .cancelado = cancelado}), QString());
-        if (!set.isEmpty())
+        if (!set.isEmpty()) {
             ASSERT_EQ(db.exec("update compra set " + set + " where compra_cod=" + QString::number(compra)), QString());
+        }
     }
 
     TestDatabase db;
@@ -129,6 +133,95 @@ TEST_F(AcoesNFe, JustificativaGravadaAntesDoEnvioMesmoQuandoEleNaoSai)
     EXPECT_TRUE(Rodou({"nfe-cancel", "1-6", "--justificativa", "Nota emitida com o fornecedor errado"}).startsWith("1|"));
     EXPECT_EQ(db.valor("select nfe_justificativa || '|' || coalesce(nfe_dth_canc, '-') from compra"),
               "Nota emitida com o fornecedor errado|-");
+}
+
+// Against the authority's simulator: each note issued, sent and filed for real.
+class AcoesNFeSefaz : public AcoesNFe
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        simulador = std::make_unique<TSimuladorSefaz>();
+        ASSERT_TRUE(simulador->Iniciar(QStringLiteral("11222333000181"), &erroSimulador)) << erroSimulador.toStdString();
+    }
+    static void TearDownTestSuite() { simulador.reset(); }
+    void SetUp() override
+    {
+        ASSERT_TRUE(db.ok() && simulador && erroSimulador.isEmpty()) << erroSimulador.toStdString();
+        BancoTeste::FixarRelogio(QDateTime::currentDateTime());
+        Contexto::Atual().pastaFiscal = fiscal.path();
+        simulador->Apontar();
+    }
+    void TearDown() override { Contexto::Atual().pastaFiscal.clear(); }
+    void NotaEmitivel(int compra, int tipo)
+    {
+        ASSERT_EQ(InserirNota(db, {.compra = compra, .tipo = tipo, .itens = {Item(compra, 1, "2", "10")}}), QString());
+        ASSERT_EQ(db.execScript(QStringLiteral("update compra_item_tmp set cfop='5949' where compra_cod=%1;"
+                                               "update compra set nat_op_str='OUTRA SAIDA', serie='1', "
+                                               "nfe_chave_ref='35261112345678000195550010000012341097720596' "
+                                               "where compra_cod=%1;")
+                                    .arg(compra)),
+                  QString());
+    }
+    QString Coluna(const char *coluna, int compra)
+    {
+        return db.valor(QStringLiteral("select coalesce(%1, '') from compra where compra_cod=%2").arg(coluna).arg(compra));
+    }
+    // The finNFe of the note's filed NF-e.
+    QString Finalidade(int compra)
+    {
+        TBuscaArq busca;
+        busca.Pasta = fiscal.path();
+        busca.NomeArq = Coluna("nfe_chave", compra) + QStringLiteral("-procNFe.xml");
+        QFile arquivo(busca.Execute() ? busca.GetUltimoCaminho() : QString());
+        if (!arquivo.open(QIODevice::ReadOnly))
+            return QStringLiteral("sem procNFe");
+        const QString xml = QString::fromUtf8(arquivo.readAll());
+        return xml.section(QStringLiteral("<finNFe>"), 1, 1).section(QLatin1Char('<'), 0, 0);
+    }
+
+    static inline std::unique_ptr<TSimuladorSefaz> simulador;
+    static inline QString erroSimulador;
+    QTemporaryDir fiscal;
+};
+
+TEST_F(AcoesNFeSefaz, ComplementarSaiComFinalidade2ERemessaCom1EAListaMostraOProtocolo)
+{
+    NotaEmitivel(4, 39);
+    NotaEmitivel(5, 36);
+    EXPECT_EQ(Rodou({"nfe-status"}), "0|107 Serviço em Operação\n");
+    // No exit date yet: --yes moves it to now and the note goes.
+    const QString enviada = Rodou({"nfe-send", "1-4", "--yes"});
+    EXPECT_TRUE(enviada.startsWith("0|100 Autorizado o uso da NF-e\nNF-e ")) << enviada.toStdString();
+    EXPECT_EQ(Coluna("nfe_protocolo", 4).size(), 15);
+    EXPECT_EQ(Finalidade(4), "2");
+
+    DialogosTeste dialogos;
+    dialogos.Responder(true);
+    TRepD repD(db.conexao());
+    ASSERT_TRUE(repD.CarregarNota(1, 1, 5));
+    ASSERT_TRUE(UNFeAcoes::EnviarNFe(repD)) << dialogos.Mensagens().value(0).texto.toStdString();
+    EXPECT_EQ(repD.Notas().FieldByName(QStringLiteral("NFE_PROTOCOLO")).AsString(), Coluna("nfe_protocolo", 5));
+    EXPECT_EQ(repD.Notas().FieldByName(QStringLiteral("NFE_CHAVE")).AsString(), Coluna("nfe_chave", 5));
+    EXPECT_EQ(Finalidade(5), "1");
+
+    const QString pdf = fiscal.filePath(QStringLiteral("danfe.pdf"));
+    EXPECT_EQ(Rodou({"nfe-print", "1-5", "--pdf", pdf}), "0|PDF gravado em " + pdf + "\n");
+    EXPECT_TRUE(Rodou({"nfe-cce", "1-5", "--texto", "Peso bruto correto: 12,5 kg"})
+                    .startsWith("0|135 Evento registrado e vinculado a NF-e\nCarta de correção 1 "));
+    ASSERT_EQ(db.exec("update compra set cancelado='S' where compra_cod=5"), QString());
+    EXPECT_TRUE(Rodou({"nfe-cancel", "1-5", "--justificativa", "Remessa emitida em duplicidade"})
+                    .startsWith("0|135 Evento registrado e vinculado a NF-e\nNF-e "));
+    EXPECT_NE(Coluna("nfe_dth_canc", 5), QString());
+}
+
+TEST_F(AcoesNFeSefaz, RejeicaoSaiComCodigoEMotivoENadaFicaAutorizado)
+{
+    NotaEmitivel(6, 35);
+    simulador->Comando(QStringLiteral("rejeitar NFeAutorizacao4 225"));
+    const QString rejeitada = Rodou({"nfe-send", "1-6", "--yes"});
+    EXPECT_TRUE(rejeitada.startsWith("1|erro: NF-e rejeitada pela SEFAZ: 225 - ")) << rejeitada.toStdString();
+    EXPECT_EQ(Coluna("nfe_protocolo", 6), QString());
 }
 
 TEST_F(TelaTeste, AcoesNFeRecusamUmaEntradaEVoltamHabilitadas)
