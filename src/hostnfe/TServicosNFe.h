@@ -7,7 +7,14 @@
 #include <QList>
 #include <QString>
 
+#include <functional>
 #include <optional>
+
+class QXmlStreamWriter;
+struct TElementoXml;
+namespace TValidadorNFe {
+enum class TEsquema;
+}
 
 // The authority's protocol of one NF-e (protNFe/infProt), as received.
 struct TProtocoloNFe
@@ -82,6 +89,12 @@ public:
     int TpAmb() const { return m_tpAmb; }
 
 private:
+    // Checks the message, posts it and reads cStat and xMotivo from an answer whose root is
+    // `raiz`; false (ret->transporte saying why) when there is no such answer.
+    bool Chamar(const QString &autorizador, const QString &operacao, const QByteArray &mensagem,
+                TValidadorNFe::TEsquema esquema, const QString &raiz, TRetornoSefaz *ret, TElementoXml *resposta);
+    TRetornoDistribuicao Distribuir(const QString &cnpj, const std::function<void(QXmlStreamWriter &)> &pedido);
+
     TTransporteNFe &m_transporte;
     QString m_uf;
     int m_tpAmb;

@@ -64,6 +64,14 @@ const char *ArquivoDoEsquema(TValidadorNFe::TEsquema esquema)
     case TEsquema::ProcNFe: return "qrc:/esquemas/nfe-4.00/procNFe_v4.00.xsd";
     case TEsquema::EventoCanc: return "qrc:/esquemas/evento-cancelamento-1.00/eventoCancNFe_v1.00.xsd";
     case TEsquema::EventoCCe: return "qrc:/esquemas/evento-cce-1.00/CCe_v1.00.xsd";
+    case TEsquema::EventoManif: return "qrc:/esquemas/evento-manifestacao-1.00/confRecebto_v1.00.xsd";
+    case TEsquema::ConsStatServ: return "qrc:/esquemas/nfe-4.00/consStatServ_v4.00.xsd";
+    case TEsquema::EnviNFe: return "qrc:/esquemas/nfe-4.00/enviNFe_v4.00.xsd";
+    case TEsquema::ConsSitNFe: return "qrc:/esquemas/nfe-4.00/consSitNFe_v4.00.xsd";
+    case TEsquema::EnvEventoCanc: return "qrc:/esquemas/evento-cancelamento-1.00/envEventoCancNFe_v1.00.xsd";
+    case TEsquema::EnvEventoCCe: return "qrc:/esquemas/evento-cce-1.00/envCCe_v1.00.xsd";
+    case TEsquema::EnvEventoManif: return "qrc:/esquemas/evento-manifestacao-1.00/envConfRecebto_v1.00.xsd";
+    case TEsquema::DistDFeInt: return "qrc:/esquemas/distribuicao-dfe-1.01/distDFeInt_v1.01.xsd";
     }
     return "";
 }
@@ -79,7 +87,7 @@ struct TEsquemaCarregado
 // Parsed on first use; a schema set that does not parse gives null (the copy is broken).
 xmlSchemaPtr Esquema(TValidadorNFe::TEsquema qual)
 {
-    static std::array<TEsquemaCarregado, 4> esquemas;
+    static std::array<TEsquemaCarregado, size_t(TValidadorNFe::TEsquema::DistDFeInt) + 1> esquemas;
     TEsquemaCarregado &e = esquemas.at(size_t(qual));
     std::call_once(e.carregado, [&] {
         RegistrarLeitorEsquemas();

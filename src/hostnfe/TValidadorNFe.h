@@ -13,6 +13,14 @@ enum class TEsquema {
     ProcNFe,        // nfe-4.00/procNFe_v4.00.xsd: nfeProc with its protocol
     EventoCanc,     // evento-cancelamento-1.00/eventoCancNFe_v1.00.xsd
     EventoCCe,      // evento-cce-1.00/CCe_v1.00.xsd
+    EventoManif,    // evento-manifestacao-1.00/confRecebto_v1.00.xsd: the recipient's manifestations
+    ConsStatServ,   // the messages sent to the authority
+    EnviNFe,
+    ConsSitNFe,
+    EnvEventoCanc,
+    EnvEventoCCe,
+    EnvEventoManif,
+    DistDFeInt,
 };
 
 // True when the document is valid. Otherwise false and erro holds one Portuguese line naming the

@@ -30,6 +30,8 @@ public:
     int Pedidos(const QString &operacao);
 
 private:
+    QString LerLinha(int esperaMs);   // one line of its stdout, empty after the wait
+
     QTemporaryDir m_pasta;
     QProcess m_processo;
     int m_porta = 0;

@@ -1,5 +1,97 @@
 // pavrel-sefaz: a simulator of the tax authority's NF-e services on loopback.
-int main()
+#include "CertificadoServidor.h"
+#include "Sefaz.h"
+#include "Servidor.h"
+
+#include <QCommandLineParser>
+#include <QCoreApplication>
+#include <QDir>
+#include <QMetaObject>
+
+#include <cstdio>
+#include <iostream>
+#include <string>
+#include <thread>
+
+namespace {
+
+const QString SenhaEmpresa = QStringLiteral("pavrel");
+
+int Gerar(const QString &pasta, const QString &cnpj)
 {
-    return 1;
+    QString erro;
+    if (!GerarPastaTeste(pasta, cnpj, SenhaEmpresa, &erro)) {
+        std::fprintf(stderr, "%s\n", qPrintable(erro));
+        return 1;
+    }
+    const QString d = QDir(pasta).absolutePath();
+    std::printf("Arquivos em %s (empresa.pfx, CNPJ %s, senha %s).\n"
+                "Simulador:\n  pavrel-sefaz --porta 4433 --certificado %s/servidor.pem --chave %s/servidor.key "
+                "--ca-clientes %s/ca.pem\n"
+                "Produto:\n  pavrel --nfe-endpoint https://127.0.0.1:4433 --nfe-ca %s/ca.pem --certificate %s/empresa.pfx "
+                "--certificate-password %s\n",
+                qPrintable(d), qPrintable(cnpj), qPrintable(SenhaEmpresa), qPrintable(d), qPrintable(d), qPrintable(d),
+                qPrintable(d), qPrintable(d), qPrintable(SenhaEmpresa));
+    return 0;
+}
+
+// The control language on stdin, one line in and one line out; the end of stdin ends the simulator
+// so a test that dies takes it along.
+void LerComandos(TSefaz &sefaz)
+{
+    std::string linha;
+    while (std::getline(std::cin, linha)) {
+        QString resposta;
+        QMetaObject::invokeMethod(
+            qApp, [&] { resposta = sefaz.Comando(QString::fromStdString(linha)); }, Qt::BlockingQueuedConnection);
+        std::printf("%s\n", qPrintable(resposta));
+        std::fflush(stdout);
+        if (resposta == u"ok sair")
+            break;
+    }
+    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication app(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("pavrel-sefaz"));
+    QCommandLineParser opcoes;
+    opcoes.setApplicationDescription(QStringLiteral("Simulador dos serviços da NF-e da SEFAZ"));
+    opcoes.addHelpOption();
+    opcoes.addOptions({
+        {QStringLiteral("porta"), QStringLiteral("Porta em 127.0.0.1 (0: uma livre)."), QStringLiteral("N"), QStringLiteral("0")},
+        {QStringLiteral("certificado"), QStringLiteral("Certificado do servidor (PEM)."), QStringLiteral("ARQUIVO")},
+        {QStringLiteral("chave"), QStringLiteral("Chave do servidor (PEM)."), QStringLiteral("ARQUIVO")},
+        {QStringLiteral("ca-clientes"), QStringLiteral("Autoridade dos certificados de cliente (PEM)."), QStringLiteral("ARQUIVO")},
+        {QStringLiteral("documentos"), QStringLiteral("Documentos a distribuir desde o início."), QStringLiteral("N"), QStringLiteral("0")},
+        {QStringLiteral("gerar"), QStringLiteral("Gera uma autoridade de teste e os certificados na pasta."), QStringLiteral("PASTA")},
+        {QStringLiteral("cnpj"), QStringLiteral("CNPJ do certificado da empresa (--gerar)."), QStringLiteral("CNPJ"),
+         QStringLiteral("24587136000108")},
+    });
+    opcoes.process(app);
+    if (opcoes.isSet(QStringLiteral("gerar")))
+        return Gerar(opcoes.value(QStringLiteral("gerar")), opcoes.value(QStringLiteral("cnpj")));
+    for (const char *obrigatoria : {"certificado", "chave", "ca-clientes"})
+        if (!opcoes.isSet(QLatin1String(obrigatoria))) {
+            std::fprintf(stderr, "Falta --%s (ou use --gerar PASTA)\n", obrigatoria);
+            return 2;
+        }
+
+    TSefaz sefaz;
+    sefaz.AcrescentarDocumentos(opcoes.value(QStringLiteral("documentos")).toInt());
+    TServidor servidor(sefaz);
+    QString erro;
+    if (!servidor.Escutar(quint16(opcoes.value(QStringLiteral("porta")).toUInt()), opcoes.value(QStringLiteral("certificado")),
+                          opcoes.value(QStringLiteral("chave")), opcoes.value(QStringLiteral("ca-clientes")), &erro)) {
+        std::fprintf(stderr, "%s\n", qPrintable(erro));
+        return 1;
+    }
+    std::printf("porta %u\n", unsigned(servidor.Porta()));
+    std::fflush(stdout);
+    std::thread comandos(LerComandos, std::ref(sefaz));
+    comandos.detach();
+    return app.exec();
 }
