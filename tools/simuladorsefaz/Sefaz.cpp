@@ -258,16 +258,16 @@ Respostas::TRetEvento TSefaz::RegistrarEvento(const QByteArray &evento)
     recusar(135);
     r.nProt = NovoProtocolo(QString::number(r.cOrgao));
     m_eventos[r.chNFe].insert(id);
+    if (destinatario) {
+        ManifestacaoRegistrada(r.chNFe, r.tpEvento, r.nSeqEvento, Valor(evento, QStringLiteral("CNPJ")), r);
+    } else {
+        nota->cancelada = nota->cancelada || r.tpEvento == 110111;
+        nota->procEventos.append("<procEventoNFe versao=\"1.00\" xmlns=\"http://www.portalfiscal.inf.br/nfe\">"
+                                 + evento + Respostas::RetEvento(r) + "</procEventoNFe>");
+    }
+    // Only this answer names another key; what the authority keeps is right.
     if (m_outraChave.remove(QStringLiteral("NFeRecepcaoEvento4")))
         r.chNFe = OutraChave(r.chNFe);
-    if (destinatario) {
-        ManifestacaoRegistrada(Valor(evento, QStringLiteral("chNFe")), r.tpEvento, r.nSeqEvento,
-                               Valor(evento, QStringLiteral("CNPJ")), r);
-        return r;
-    }
-    nota->cancelada = nota->cancelada || r.tpEvento == 110111;
-    nota->procEventos.append("<procEventoNFe versao=\"1.00\" xmlns=\"http://www.portalfiscal.inf.br/nfe\">" + evento
-                             + Respostas::RetEvento(r) + "</procEventoNFe>");
     return r;
 }
 

@@ -36,6 +36,7 @@ TServidor::TServidor(TSefaz &sefaz) : m_sefaz(sefaz)
             connect(socket, &QSslSocket::readyRead, this, [this, socket] { Ler(socket); });
             connect(socket, &QSslSocket::disconnected, this, [this, socket] {
                 m_recebido.remove(socket);
+                m_continuados.remove(socket);
                 socket->deleteLater();
             });
         }
@@ -93,9 +94,14 @@ void TServidor::Ler(QSslSocket *socket)
                 tamanho = valor.toLongLong();
             else if (nome == "connection")
                 fechar = valor.toLower() == "close";
+            else if (nome == "expect" && valor.toLower() == "100-continue" && !m_continuados.contains(socket)) {
+                m_continuados.insert(socket);   // curl waits for this before a larger body
+                socket->write("HTTP/1.1 100 Continue\r\n\r\n");
+            }
         }
         if (buffer.size() < fimCabecalho + 4 + tamanho)
             return;
+        m_continuados.remove(socket);
         const QByteArray corpo = buffer.mid(fimCabecalho + 4, tamanho);
         buffer.remove(0, fimCabecalho + 4 + tamanho);
         if (pedido.value(0) != "POST") {

@@ -2,6 +2,7 @@
 
 #include <QHash>
 #include <QObject>
+#include <QSet>
 #include <QSslServer>
 
 class QSslSocket;
@@ -25,4 +26,5 @@ private:
     TSefaz &m_sefaz;
     QSslServer m_servidor;
     QHash<QSslSocket *, QByteArray> m_recebido;
+    QSet<QSslSocket *> m_continuados;   // sent "100 Continue" for the request being read
 };

@@ -8,6 +8,10 @@
 #include <QDir>
 #include <QMetaObject>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
 #include <cstdio>
 #include <iostream>
 #include <string>
@@ -35,10 +39,12 @@ int Gerar(const QString &pasta, const QString &cnpj)
     return 0;
 }
 
-// The control language on stdin, one line in and one line out; the end of stdin ends the simulator
-// so a test that dies takes it along.
+// The control language on stdin, one line in and one line out. The end of a pipe ends the
+// simulator, so a test that dies takes it along; a terminal or /dev/null leaves it running.
 void LerComandos(TSefaz &sefaz)
 {
+    struct stat entrada {};
+    const bool cano = fstat(STDIN_FILENO, &entrada) == 0 && S_ISFIFO(entrada.st_mode);
     std::string linha;
     while (std::getline(std::cin, linha)) {
         QString resposta;
@@ -49,7 +55,8 @@ void LerComandos(TSefaz &sefaz)
         if (resposta == u"ok sair")
             break;
     }
-    QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
+    if (cano || std::cin.good())
+        QMetaObject::invokeMethod(qApp, &QCoreApplication::quit, Qt::QueuedConnection);
 }
 
 } // namespace
@@ -59,7 +66,11 @@ int main(int argc, char **argv)
     QCoreApplication app(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("pavrel-sefaz"));
     QCommandLineParser opcoes;
-    opcoes.setApplicationDescription(QStringLiteral("Simulador dos serviços da NF-e da SEFAZ"));
+    opcoes.setApplicationDescription(QStringLiteral(
+        "Simulador dos serviços da NF-e da SEFAZ (HTTPS em 127.0.0.1, certificado de cliente obrigatório).\n"
+        "Comandos na entrada padrão, uma linha cada: status 107|108|109, descartar OP, html OP, truncar OP,\n"
+        "outra-chave OP, rejeitar OP CSTAT, documentos N, contar OP, sair. OP: NFeStatusServico4,\n"
+        "NFeAutorizacao4, NFeConsultaProtocolo4, NFeRecepcaoEvento4, NFeDistribuicaoDFe."));
     opcoes.addHelpOption();
     opcoes.addOptions({
         {QStringLiteral("porta"), QStringLiteral("Porta em 127.0.0.1 (0: uma livre)."), QStringLiteral("N"), QStringLiteral("0")},
@@ -80,6 +91,8 @@ int main(int argc, char **argv)
             return 2;
         }
 
+    // Started in the background of a terminal: reading stdin then fails instead of stopping it.
+    std::signal(SIGTTIN, SIG_IGN);
     TSefaz sefaz;
     sefaz.AcrescentarDocumentos(opcoes.value(QStringLiteral("documentos")).toInt());
     TServidor servidor(sefaz);
