@@ -22,6 +22,7 @@ TCamposNFe<TNFeIde> Ide()
         {L("cMunFG"), &S::cMunFG}, {L("tpImp"), &S::tpImp}, {L("tpEmis"), &S::tpEmis}, {L("cDV"), &S::cDV},
         {L("tpAmb"), &S::tpAmb}, {L("finNFe"), &S::finNFe}, {L("indFinal"), &S::indFinal},
         {L("indPres"), &S::indPres}, {L("indIntermed"), &S::indIntermed}, {L("procEmi"), &S::procEmi}, {L("verProc"), &S::verProc},
+        {L("dhCont"), &S::dhCont}, {L("xJust"), &S::xJust},
     };
     return t;
 }

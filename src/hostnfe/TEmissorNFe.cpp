@@ -50,8 +50,14 @@ TEmissorNFe::TEmissorNFe(TConexaoSQL &conexao)
 }
 
 bool TEmissorNFe::Emitir(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod,
-                         const TCertificadoA1 *certificado, TNFeEmitida *emitida, QString *erro)
+                         const TCertificadoA1 *certificado, TNFeEmitida *emitida, QString *erro,
+                         const TOpcoesEmissao &opcoes)
 {
+    const auto progresso = [&](const char *titulo) {
+        if (opcoes.progresso)
+            opcoes.progresso(QString::fromUtf8(titulo));
+    };
+    progresso("Gerando NF-e...");
     const TConectado conectado(m_conexao);
     if (!conectado.ok())
         return Falhar(erro, QStringLiteral("Não foi possivel conectar ao servidor. A NFe não foi gerada"));
@@ -85,12 +91,18 @@ bool TEmissorNFe::Emitir(int emprCod, int estacaoCod, int compraCod, int finalid
             return Falhar(erro, QStringLiteral("Erro gravando o número %1 da NF-e na nota: %2")
                                     .arg(numero).arg(m_conexao.UltimoErro()));
     }
+    if (opcoes.tpEmis != 1) {
+        nfe.ide.tpEmis = opcoes.tpEmis;
+        nfe.ide.dhCont = opcoes.dhCont.toOffsetFromUtc(nfe.ide.dhEmi.offsetFromUtc());
+        nfe.ide.xJust = opcoes.xJust;
+    }
     const QString cNF = CNFAnterior(montar.ChaveAnterior(), numero);
     NumeracaoNFe::Numerar(nfe, numero, cNF.isEmpty() ? NumeracaoNFe::NovoCNF(numero) : cNF);
 
     const QByteArray xml = TNFe_XMLW().Documento(nfe);
     if (!TValidadorNFe::Validar(xml, TValidadorNFe::TEsquema::NFe, erro))
         return false;
+    progresso("Assinando...");
     QByteArray assinado;
     if (!TAssinadorNFe::Assinar(xml, QStringLiteral("NFe") + nfe.chave, *certificado, &assinado, erro))
         return false;

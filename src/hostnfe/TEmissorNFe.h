@@ -3,6 +3,8 @@
 #include <QDateTime>
 #include <QString>
 
+#include <functional>
+
 class TConexaoSQL;
 class TCertificadoA1;
 class TnfeProc;
@@ -14,6 +16,16 @@ struct TNFeEmitida
     QString chave;                   // 44 characters
     QString arquivo;                 // <fiscal folder>/NFe_Said/yyyy/mm/<key>-nfe.xml
     QDateTime dhEmi;
+};
+
+// How to issue: normally, or in contingency at SVC-AN (tpEmis 6) / SVC-RS (7) with when it
+// began and why (15 to 256 characters); the key changes with tpEmis.
+struct TOpcoesEmissao
+{
+    int tpEmis = 1;
+    QDateTime dhCont;
+    QString xJust;
+    std::function<void(const QString &titulo)> progresso;   // "Gerando NF-e...", "Assinando..."
 };
 
 // Issues the NF-e of one note of `compra`: checks what the document needs, numbers it (a number
@@ -30,7 +42,8 @@ public:
     // False with erro (one Portuguese message naming what to fix and where) when refused or when
     // something failed; a refusal found before numbering changes nothing.
     bool Emitir(int emprCod, int estacaoCod, int compraCod, int finalidade, int tipoCod,
-                const TCertificadoA1 *certificado, TNFeEmitida *emitida, QString *erro);
+                const TCertificadoA1 *certificado, TNFeEmitida *emitida, QString *erro,
+                const TOpcoesEmissao &opcoes = {});
 
     // The same document, built and checked but neither numbered, signed nor stored: for previews
     // and the benchmark. The number is the note's own when it has one, else 1.

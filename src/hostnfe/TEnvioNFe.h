@@ -51,5 +51,6 @@ public:
 
 private:
     struct Dados;
+    class TEnvio;
     Dados *d;
 };

@@ -331,7 +331,8 @@ void EscreverInfNFe(TEscritor &e, const TnfeProc &nfe)
                              + (nfe.versao.isEmpty() ? QByteArray("4.00") : nfe.versao.toLatin1()) + '"');
     e.Grupo(L("ide"), [&] {
         e.Folhas(Ide(), nfe.ide, {}, [&](QLatin1String nome) {
-            if (nome == L("verProc"))
+            // The referenced keys follow the contingency's leaves.
+            if (nome == L("xJust"))
                 for (const QString &ref : nfe.ide.refNFe)
                     e.Grupo(L("NFref"), [&] { e.Texto(L("refNFe"), ref); });
         });

@@ -205,8 +205,10 @@ TRespostaTransporte TTransporteSoap::Postar(const TServicoNFe &servico, const QB
     const QString textoQt = resposta->errorString();
     resposta->deleteLater();
 
+    // An incomplete request cannot have been processed: only a written one may have arrived.
     if (expirou || erro == QNetworkReply::OperationCanceledError || erro == QNetworkReply::TimeoutError)
-        return Falha(TFalha::SemResposta, QStringLiteral("A %1 não respondeu em %2: %3").arg(Onde(servico), Segundos(d->tempoLimiteMs), url));
+        return enviado ? Falha(TFalha::SemResposta, QStringLiteral("A %1 não respondeu em %2: %3").arg(Onde(servico), Segundos(d->tempoLimiteMs), url))
+                       : Falha(TFalha::Recusada, QStringLiteral("A %1 não completou a conexão em %2: %3").arg(Onde(servico), Segundos(d->tempoLimiteMs), url));
     // TLS 1.3 reports a client certificate refused by the server as a read error after the handshake.
     const bool tlsRecusado = erro == QNetworkReply::SslHandshakeFailedError
                              || (statusHttp == 0 && textoQt.contains(QLatin1String("SSL routines")));

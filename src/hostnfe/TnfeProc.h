@@ -46,6 +46,8 @@ struct TNFeIde
     int finNFe = 0, indFinal = 0, indPres = 0, procEmi = 0;
     qint64 nNF = 0;
     QDateTime dhEmi, dhSaiEnt;       // with the document's own offset
+    QDateTime dhCont;                // contingency (tpEmis 6, 7): when it began and why
+    QString xJust;
     QStringList refNFe;              // the referenced keys (NFref/refNFe), in document order
 };
 

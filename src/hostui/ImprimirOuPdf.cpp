@@ -1,14 +1,13 @@
 #include "ImprimirOuPdf.h"
 
 #include "Dialogos.h"
+#include "TImpressoraNFePdf.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <QPdfWriter>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QPrinterInfo>
-#include <QSaveFile>
 #include <QStandardPaths>
 
 #include <algorithm>
@@ -54,28 +53,5 @@ bool ImprimirOuPdf(QWidget *pai, const TTrabalhoImpressao &trabalho, QString *er
 
 bool GravarPdf(const QString &arquivo, const QString &titulo, const TDesenhoPaginas &desenhar, QString *erro)
 {
-    QSaveFile saida(arquivo);
-    auto falha = [&](const QString &motivo) {
-        if (erro)
-            *erro = QStringLiteral("Não foi possível gravar o PDF %1: %2").arg(QFileInfo(arquivo).absoluteFilePath(), motivo);
-        return false;
-    };
-    if (!saida.open(QIODevice::WriteOnly))
-        return falha(saida.errorString());
-    {
-        QPdfWriter pdf(&saida);
-        pdf.setResolution(300);
-        pdf.setPageSize(QPageSize(QPageSize::A4));
-        pdf.setPageMargins(QMarginsF(15, 15, 15, 15), QPageLayout::Millimeter);
-        pdf.setTitle(titulo);
-        pdf.setCreator(QStringLiteral("Pavrel"));
-        QString motivo;
-        if (!desenhar(pdf, &motivo)) {
-            saida.cancelWriting();
-            return falha(motivo);
-        }
-    }
-    if (!saida.commit())
-        return falha(saida.errorString());
-    return true;
+    return GravarPdfA4(arquivo, titulo, desenhar, erro);
 }

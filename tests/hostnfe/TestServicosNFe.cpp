@@ -9,8 +9,11 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
+#include <QSslKey>
+#include <QSslServer>
 #include <QTcpServer>
 #include <QTemporaryDir>
 
@@ -127,7 +130,7 @@ TEST(EventoNFe, CadaTipoAssinadoEValidoETextoCurtoRecusado)
     }
 }
 
-TEST(TransporteSoap, SilencioEsgotaOPrazoEPortaFechadaRecusa)
+TEST(TransporteSoap, SemConexaoCompletaNadaFoiEntregue)
 {
     using TFalha = TRespostaTransporte::TFalha;
     auto a1 = AbrirCertificadoTeste(kCnpj);
@@ -136,7 +139,7 @@ TEST(TransporteSoap, SilencioEsgotaOPrazoEPortaFechadaRecusa)
     ASSERT_TRUE(mudo.listen(QHostAddress::LocalHost) && fechado.listen(QHostAddress::LocalHost));
     const quint16 portaFechada = fechado.serverPort();
     fechado.close();
-    for (const auto &[porta, falha, naMensagem] : {std::tuple{mudo.serverPort(), TFalha::SemResposta, "não respondeu em 300 ms"},
+    for (const auto &[porta, falha, naMensagem] : {std::tuple{mudo.serverPort(), TFalha::Recusada, "não completou a conexão em 300 ms"},
                                                    std::tuple{portaFechada, TFalha::Recusada, "Não foi possível conectar"}}) {
         qputenv("PAVREL_NFE_ENDPOINT", QByteArray("https://127.0.0.1:") + QByteArray::number(porta));
         TTransporteSoap transporte(*a1, 300);
@@ -230,4 +233,23 @@ TEST_F(Sefaz, CadaFalhaDoCaminhoTemSuaClasseEMensagem)
         // The request arrived exactly once when only its answer went wrong, never when TLS refused it.
         EXPECT_EQ(simulador.Pedidos(operacao), antes + (c.comando ? 1 : 0)) << c.caso;
     }
+}
+
+TEST_F(Sefaz, PedidoEntregueSemRespostaNoPrazo)
+{
+    // A server that takes the whole request and never answers.
+    QSslServer lento;
+    QSslConfiguration tls = QSslConfiguration::defaultConfiguration();
+    QFile chave(QDir(simulador.Pasta()).filePath(QStringLiteral("servidor.key")));
+    ASSERT_TRUE(chave.open(QIODevice::ReadOnly));
+    tls.setLocalCertificateChain(QSslCertificate::fromPath(QDir(simulador.Pasta()).filePath(QStringLiteral("servidor.pem"))));
+    tls.setPrivateKey(QSslKey(&chave, QSsl::Rsa));
+    tls.setPeerVerifyMode(QSslSocket::VerifyNone);
+    lento.setSslConfiguration(tls);
+    ASSERT_TRUE(lento.listen(QHostAddress::LocalHost));
+    qputenv("PAVREL_NFE_ENDPOINT", QByteArray("https://127.0.0.1:") + QByteArray::number(lento.serverPort()));
+    TTransporteSoap transporte(*a1, 1000);
+    const TRetornoSefaz r = TServicosNFe(transporte, QStringLiteral("SP"), 2).Status(QStringLiteral("SP"));
+    EXPECT_EQ(int(r.transporte.falha), int(TRespostaTransporte::TFalha::SemResposta)) << r.transporte.erro.toStdString();
+    EXPECT_TRUE(r.transporte.erro.contains(QStringLiteral("não respondeu em 1 s"))) << r.transporte.erro.toStdString();
 }
