@@ -220,7 +220,8 @@ TEST_F(AcoesNFeSefaz, RejeicaoSaiComCodigoEMotivoENadaFicaAutorizado)
     NotaEmitivel(6, 35);
     simulador->Comando(QStringLiteral("rejeitar NFeAutorizacao4 225"));
     const QString rejeitada = Rodou({"nfe-send", "1-6", "--yes"});
-    EXPECT_TRUE(rejeitada.startsWith("1|erro: NF-e rejeitada pela SEFAZ: 225 - ")) << rejeitada.toStdString();
+    EXPECT_TRUE(rejeitada.endsWith("\nerro: NF-e rejeitada pela SEFAZ: 225 - Rejeição: Falha no Schema XML\n"))
+        << rejeitada.toStdString();
     EXPECT_EQ(Coluna("nfe_protocolo", 6), QString());
 }
 
