@@ -3,7 +3,6 @@
 #include "TChaveNota.h"
 
 #include <QDate>
-#include <QDateTime>
 #include <QString>
 
 #include <functional>
@@ -12,7 +11,7 @@ class TClientDataSet;
 class TConexaoSQL;
 class TRepD;
 
-// The checks the NF-e actions make before sending, cancelling and printing.
+// The NF-e actions on a note: their checks and what each does.
 namespace UNFeAcoes {
 
 // The issuing company's registration is complete; the first blank field gets its message.
