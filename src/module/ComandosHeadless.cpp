@@ -107,39 +107,6 @@ int notes(const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
     return 0;
 }
 
-// The console's dialogs, counting what they show: a refusal that the screen leaves silent (a
-// trace only) still needs a line on the console.
-class TDialogosContados final : public TDialogos
-{
-public:
-    TDialogosContados(bool respostaSim, QTextStream &erros) : m_console(respostaSim, erros) {}
-
-    void Mensagem(TipoMensagem tipo, const QString &texto) override
-    {
-        ++m_mostrados;
-        m_console.Mensagem(tipo, texto);
-    }
-    bool Perguntar(TipoPergunta tipo, const QString &texto) override
-    {
-        ++m_mostrados;
-        return m_console.Perguntar(tipo, texto);
-    }
-    QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar) override
-    {
-        return m_console.SelecionarArquivo(titulo, pasta, filtro, salvar);
-    }
-    bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) override
-    {
-        ++m_mostrados;
-        return m_console.PerguntarQtd(titulo, texto, maximo, valor);
-    }
-    int Mostrados() const { return m_mostrados; }
-
-private:
-    TDialogosConsole m_console;
-    int m_mostrados = 0;
-};
-
 // post, cancel, unpost and send: the screen's actions on one note, with the console's dialogs.
 int acaoNota(const QString &comando, const QStringList &argumentos, QTextStream &saida, QTextStream &erros)
 {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "DialogosConsole.h"
 #include "TChaveNota.h"
 
 #include <QStringList>
@@ -13,6 +14,39 @@ class TRepD;
 // The commands that run the screen's logic without a screen ("notes", ...). Answers the
 // process exit code: 0 done, 1 refused or failed, 2 a command line that makes no sense.
 namespace ComandosHeadless {
+
+// The console's dialogs, counting what they show: a refusal that the screen leaves silent (a
+// trace only) still needs a line on the console.
+class TDialogosContados final : public TDialogos
+{
+public:
+    TDialogosContados(bool respostaSim, QTextStream &erros) : m_console(respostaSim, erros) {}
+
+    void Mensagem(TipoMensagem tipo, const QString &texto) override
+    {
+        ++m_mostrados;
+        m_console.Mensagem(tipo, texto);
+    }
+    bool Perguntar(TipoPergunta tipo, const QString &texto) override
+    {
+        ++m_mostrados;
+        return m_console.Perguntar(tipo, texto);
+    }
+    QString SelecionarArquivo(const QString &titulo, const QString &pasta, const QString &filtro, bool salvar) override
+    {
+        return m_console.SelecionarArquivo(titulo, pasta, filtro, salvar);
+    }
+    bool PerguntarQtd(const QString &titulo, const QString &texto, double maximo, double &valor) override
+    {
+        ++m_mostrados;
+        return m_console.PerguntarQtd(titulo, texto, maximo, valor);
+    }
+    int Mostrados() const { return m_mostrados; }
+
+private:
+    TDialogosConsole m_console;
+    int m_mostrados = 0;
+};
 
 int Executar(const QStringList &argumentos, QTextStream &saida, QTextStream &erros);
 

@@ -7,6 +7,7 @@
 #include "TConsultasDBI.h"
 #include "TEdNotaPanel.h"
 #include "TGradeDataSet.h"
+#include "TImpressoraNFeQt.h"
 #include "TItemPanel.h"
 #include "TNumEditBR.h"
 #include "TPreencheTribSL.h"
@@ -221,6 +222,7 @@ void TRepF::CriarTrocaEImpressao()
     };
     for (const auto &[nome, slot] : ligacoes)
         connect(m_acoes.value(QLatin1String(nome)), &QAction::triggered, this, slot);
+    RegistrarImpressoraNFeQt();
 }
 
 void TRepF::montarTela()

@@ -4,6 +4,7 @@
 #include "TTabPrecoList.h"
 
 #include <QDate>
+#include <QDateTime>
 #include <QObject>
 #include <QString>
 #include <QStringList>
@@ -73,6 +74,13 @@ public:
     bool RecarregarLinha(const TChaveNota &chave);
     // The current row right after cancelling: flagged, and its caption the literal "S".
     void MarcarLinhaCancelada();
+
+    // The NF-e of the current row (TRepD_NFe.cpp): refuses a cancelled note and one that already
+    // has a protocol, asks before sending with an exit date more than a day away, sends through
+    // the host's NF-e library and shows on the row what was authorised. True when authorised.
+    bool EnviarNFE();
+    // Moves the current note's exit date to d, in the database and then on the row.
+    bool AjustarDtHSai(const QDateTime &d);
 
     // Fills the item list from the staged rows of a note (station 10) and their prices, sorted
     // by the grid's current sort column. On a database failure the list is left empty, so that
