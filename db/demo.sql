@@ -523,6 +523,22 @@ INSERT INTO compra (
   'Atendimento: (34) 3219-7700', NULL, NULL, NULL, NULL, NULL, NULL, '55'
 );
 
+INSERT INTO compra (
+  empr_cod, estacao_cod, compra_cod, destin_empr_cod, tipo_cod, cancelado, baixado, dt_doc,
+  dth_sai, dth_cri, ndoc, serie, fornec_cod, tot_prods, ipi, frete, outras, icms, fcp, fcpst,
+  desconto, tot, bc, bcst, st, cfop, nat_op_str, frete_modalidade, transp_fornec_cod,
+  frete_vols_qtd, frete_vols_especie, frete_peso_liq, frete_peso_bruto, frete_vei_placa,
+  frete_vei_uf, inf_adic_fisco, inf_adic_contribuinte, nfe_chave_ref, arq_xml, nfe_num, nfe_chave,
+  nfe_protocolo, nfe_dth_emiss, modelo_cod
+) VALUES (
+  1, 1, 7, 0, '$', 'N', 'N', '2026-11-22', '2026-11-22 10:00:00', '2026-11-22 09:12:40', 0, '1',
+  2, 104.40, 0.00, 0.00, 0.00, 7.31, 0, 0, 0, 104.40, 104.40, 0, 0, '5915',
+  'REMESSA DE MERCADORIA PARA CONSERTO', 4, NULL, NULL, NULL, NULL, NULL, NULL, NULL,
+  'Empresa optante pelo regime normal de apuracao do ICMS.',
+  'Duvidas sobre esta nota: (19) 3231-4455 ou fiscal@bompreco.com.br', NULL, NULL, NULL, NULL,
+  NULL, NULL, '55'
+);
+
 -- Staged items (station 10) and their sale prices per price table.
 INSERT INTO compra_item_tmp (
   empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod_deles, prod_cod, unid_cod,
@@ -783,11 +799,25 @@ INSERT INTO compra_est_mov (empr_cod, estacao_cod, compra_cod, est_mov_empr_cod,
 INSERT INTO log_alt (log_alt_cod, empr_cod, estacao_cod, dth, usuario, tabela, chave, descr) VALUES (1, 1, 1, '2026-11-19 08:47:10', 'ADMIN', 'COMPRA', '1-1-4', 'Nota 001-0000004: data de saida alterada de 17/11/26 18:00 para 18/11/26 07:45');
 
 -- ---------------------------------------------------------------------------
+INSERT INTO compra_item_tmp (
+  empr_cod, estacao_cod, compra_cod, compra_item_tmp_cod, prod_cod_deles, prod_cod, unid_cod,
+  trib_cod, ipi, ipi_val, outras, emb_qtd, qtd_embs, custo_tot, desconto, ordem,
+  prod_descr_fornec, pipi, vipi, frete, prod_margem, preco_novo, bar_cod_fornec, ncm, tot_entra,
+  cfop, trib_icms_cst, trib_orig, trib_icms_modbc, trib_icms_picms, trib_icms_vicms,
+  trib_icms_vbc, trib_icms_modbcst, trib_icms_pmvast, trib_icms_predbcst, trib_icms_picmsst,
+  trib_icms_vbcst, trib_icms_vicmsst, seguro, icms_perc_red, trib_icms_predbc, info_adic, cst_pis,
+  ppis, vpis, cst_cofins, pcofins, vcofins
+) VALUES (
+  1, 10, 7, 14, '1001', 6, 1, 2, 0, 0.0000, 0, 12, 2, 104.40, 0, 1, 'LEITE UHT INTEGRAL 1L', 0,
+  0.0000, 0, 25, 5.43, NULL, '04012010', 104.4000, '5915', 0, 0, 3, 7, 7.31, 104.40, NULL, 0, 0,
+  0, 0, 0, 0, 0, 0, NULL, 50, 1.65, 1.72, 50, 7.6, 7.93
+);
+
 -- Generators past the highest code used
 -- ---------------------------------------------------------------------------
 
-SET GENERATOR compra_g TO 6;
-SET GENERATOR compra_item_tmp_g TO 13;
+SET GENERATOR compra_g TO 7;
+SET GENERATOR compra_item_tmp_g TO 14;
 SET GENERATOR est_mov_g TO 3;
 SET GENERATOR prod_custo_g TO 18;
 SET GENERATOR prod_preco_g TO 16;
