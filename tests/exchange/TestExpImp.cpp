@@ -76,7 +76,8 @@ protected:
     }
     // Every row of the three tables, so that a refusal can be shown to have touched none.
     QString Linhas() { return db.valor(QStringLiteral(
-        "select (select list(compra_cod) from compra) || '/' || (select list(est_mov_cod) from est_mov) || '/' || "
+        "select (select list(compra_cod) from (select compra_cod from compra order by 1)) || '/' || "
+        "(select list(est_mov_cod) from (select est_mov_cod from est_mov order by 1)) || '/' || "
         "(select count(*) from compra_est_mov) from rdb$database")); }
 
     QTemporaryDir pasta;
